@@ -5,13 +5,15 @@
 // step. That costs one step per turn, so runs of steps are taken at once:
 // while the value and its successors stay inside one binade they are all
 // multiples of the same ulp u, and each step adds 2pi rounded to a multiple
-// of u. That rounding is the same for every step except when the remainder
-// of 2pi modulo u is exactly u/2 (one binade only); there round-half-even
-// alternates between two neighbours with the value's parity. Any two
-// consecutive steps therefore add the same amount D inside a binade, so
-// x_{2k} = x_0 + k*D exactly, and k*D and the sum are exact (multiples of u
-// below the binade's top). Near a binade boundary the steps are taken one at
-// a time, which reproduces the change of ulp exactly.
+// of u. That rounding is the same for every step except where the remainder
+// of 2pi modulo u is exactly u/2 (the binade [64, 128)): there each step is a
+// round-half-even tie and always lands on an even multiple of u, so every
+// step after the first within the binade starts from an even value and adds
+// the same amount. Hence, once one step has been taken inside a binade, all
+// further steps in it add the same d, x_k = x_1 + (k-1)*d exactly, and k*d and
+// the sum are exact (multiples of u below the binade's top). Near a binade
+// boundary the steps are taken one at a time, which reproduces the change of
+// ulp exactly.
 //
 // Special cases. NaN and infinities are left unchanged. Where a step would
 // not change the value (|x| so large that 2pi is below half an ulp), stepping
@@ -21,6 +23,8 @@
 // Guarantee: bit-identical to the stepping for every finite angle, in at most
 // a few dozen iterations per binade.
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 #include "QELMath.h"
 #include "foundation/constants.h"
@@ -29,12 +33,16 @@ namespace {
 
 constexpr double kTwoPi = qel::kTwoPi;
 
-// Largest power of two not above |x| (x finite, non-zero).
+// Largest power of two not above |x|, read off the exponent field (x is
+// finite; a subnormal x gives 0, which only disables a run).
 double binade_floor(double x)
 {
-    int e;
-    std::frexp(x, &e);
-    return std::ldexp(1.0, e - 1);
+    std::uint64_t u;
+    std::memcpy(&u, &x, sizeof u);
+    u &= 0x7ff0000000000000u;
+    double p;
+    std::memcpy(&p, &u, sizeof p);
+    return p;
 }
 
 // Steps x by `step` (+2pi or -2pi) while keep(x) holds, with the bits of one
@@ -49,17 +57,17 @@ double step_while(double x, double step, Keep keep)
         if (!keep(x1)) return x1;
         double x2 = x1 + step;
         if (!keep(x2)) return x2;
-        // All three in one binade [lo, 2lo): a run of pairs can be taken.
+        // x, x1, x2 all in one binade [lo, 2lo): x1 came from a step inside
+        // it, so every further step adds exactly the last one, d.
         double lo = binade_floor(x2);
-        double ax = std::fabs(x), ax2 = std::fabs(x2);
-        if (std::fabs(x1) >= lo && ax < 2 * lo && ax2 >= lo) {
-            double pair = x2 - x;                 // exact: both multiples of u
-            double room = std::fabs(ax2 - lo);    // distance to the binade's floor
-            double runs = std::floor(room / std::fabs(pair)) - 2;
-            // Values move towards zero for both callers, so the floor is the
-            // boundary ahead; stay two pairs short of it to absorb the
-            // rounding of the quotient.
-            if (runs >= 1) x2 = x2 + runs * pair;
+        if (std::fabs(x) < 2 * lo && std::fabs(x2) >= lo) {
+            double d = x2 - x1;                          // exact: multiples of u
+            double room = std::fabs(x2) - lo;            // exact: Sterbenz
+            // Values move towards zero for both callers, so the binade's
+            // floor is the boundary ahead; stop two steps short of it to
+            // absorb the rounding of the quotient.
+            double runs = std::floor(room / std::fabs(d)) - 2;
+            if (runs >= 1) x2 = x2 + runs * d;
         }
         x = x2;
     }
