@@ -5,7 +5,7 @@
 // theta = 0 gives TransMatrixPerspective1 by value (q*sin 0 is a signed zero
 // there, and q*dy + 1 is the same number as dy*q + 1).
 //
-// The four-number overload only re-shifts a matrix the full builder made: it
+// The four-number overload re-shifts a matrix the full builder made: it
 // writes T[3][0] = dx, T[3][2] = dz and T[3][3] = dy*q + 1 and leaves the
 // other thirteen entries exactly as they were, so the q in T[0][3] and
 // T[1][3] stays whatever the matrix held.

@@ -7,7 +7,7 @@
 // The entries are the product written out, with each product formed left to
 // right: T[0][3] = (q*sin theta)*cos phi, T[1][3] = (q*cos theta)*cos phi,
 // T[2][3] = (-q)*sin phi. Multiplying the four matrices instead would round
-// q*(sin theta*cos phi) and differ in the last bit.
+// q*(sin theta*cos phi), which can differ in the last bit.
 //
 // The four-number overload is the same re-shift as TransMatrixPerspective2's:
 // T[3][0] = dx, T[3][2] = dz, T[3][3] = dy*q + 1, the other thirteen entries
