@@ -271,44 +271,84 @@ QELMATH_API int ClipPolygonWithRect(int x1, int y1, int x2, int y2, int* pts, in
 
 /* ---------------------------------------------------------------------------
  * Transformation matrices. A point is a row vector: p' = (x, y, 1) . T or
- * (x, y, z, 1) . T; translations stand in the last row.
+ * (x, y, z, 1) . T; translations stand in the last row, projective terms in
+ * the last column. Every builder overwrites the whole matrix (entries it does
+ * not name are +0.0, whatever the array held) except the four-number
+ * perspective overloads. Named entries keep the sign of zero their formula
+ * gives. Angles are radians; nothing is validated and nothing can fail.
  * ------------------------------------------------------------------------- */
 
+/* Mirror in the line a*x + b*y + c = 0 (need not be normalised). With
+ * k = 1/(a*a + b*b): T[0][0] = (b - a)*(a + b)*k = -T[1][1],
+ * T[0][1] = T[1][0] = -(2*a*b)*k, T[2][0] = -(2*a*c)*k, T[2][1] = -(2*b*c)*k,
+ * T[2][2] = 1. a = b = 0 gives non-finite entries. */
 QELMATH_API void TransMatrixMirror2D(double a, double b, double c, double (* const T)[3]);
+/* Shear x' = x + t*y (T[1][0] = t); TanY2D: y' = y + t*x (T[0][1] = t). */
 QELMATH_API void TransMatrixTanX2D(double t, double (* const T)[3]);
 QELMATH_API void TransMatrixTanY2D(double t, double (* const T)[3]);
+/* Model to device (y down): X = x*(1/sx) + x0, Y = y*(-1/sy) + y0; sx, sy are
+ * model units per device unit. */
 QELMATH_API void TransMatrixCoordMapToGDI(int x0, int y0, double sx, double sy, double (* const T)[3]);
+/* Device back to model: x = X*sx + (-x0)*sx, y = Y*(-sy) + y0*sy, x0 negated
+ * without overflow (INT_MIN gives 2147483648.0*sx). */
 QELMATH_API void TransMatrixCoordMapToView(int x0, int y0, double sx, double sy, double (* const T)[3]);
 
+/* Scale, shears, mirrors in the coordinate planes and translation. TanAB
+ * adds t times one coordinate to another: TanXY x' = x + t*y, TanXZ
+ * x' = x + t*z, TanYX y' = y + t*x, TanYZ z' = z + t*y, TanZX z' = z + t*x. */
 QELMATH_API void TransMatrixScale3D(double sx, double sy, double sz, double (* const T)[4]);
 QELMATH_API void TransMatrixTanXY3D(double t, double (* const T)[4]);
 QELMATH_API void TransMatrixTanXZ3D(double t, double (* const T)[4]);
 QELMATH_API void TransMatrixTanYX3D(double t, double (* const T)[4]);
 QELMATH_API void TransMatrixTanYZ3D(double t, double (* const T)[4]);
 QELMATH_API void TransMatrixTanZX3D(double t, double (* const T)[4]);
-/* The identity with T[2][1] = t: y' = y + t*z. */
+/* The identity with T[2][1] = t: y' = y + t*z, the one off-diagonal entry of
+ * the linear block that no other shear sets. */
 QELMATH_API void TransMatrixTanZY3D(double t, double (* const T)[4]);
 QELMATH_API void TransMatrixMirror3DXY(double (* const T)[4]);
 QELMATH_API void TransMatrixMirror3DXZ(double (* const T)[4]);
 QELMATH_API void TransMatrixMirror3DYZ(double (* const T)[4]);
 QELMATH_API void TransMatrixMove3D(double dx, double dy, double dz, double (* const T)[4]);
+/* Rotations counter-clockwise seen from the positive end of the axis:
+ * Rotate3DZ(pi/2) takes (1, 0, 0) to (0, 1, 0). */
 QELMATH_API void TransMatrixRotate3DX(double theta, double (* const T)[4]);
 QELMATH_API void TransMatrixRotate3DY(double theta, double (* const T)[4]);
 QELMATH_API void TransMatrixRotate3DZ(double theta, double (* const T)[4]);
+/* Rotation about the axis (ux, uy, uz) through the origin, which must be a
+ * unit vector (it is not normalised). Products left to right: ux*uy*k is
+ * (ux*uy)*k with k = 1 - cos theta. */
 QELMATH_API void TransMatrixRotate3DO(double ux, double uy, double uz, double theta, double (* const T)[4]);
 
+/* Views and projections onto the plane y = 0: drawing coordinates are x'
+ * across and z' up, divided by w' for the perspectives.
+ * ViewV: front view (x, 0, z); ViewH: top view (x, 0, -y - d); ViewW: side
+ * view (-y - d, 0, z). */
 QELMATH_API void TransMatrixViewV(double (* const T)[4]);
 QELMATH_API void TransMatrixViewH(double d, double (* const T)[4]);
 QELMATH_API void TransMatrixViewW(double d, double (* const T)[4]);
+/* Axonometric view: Rotate3DZ(alpha) . Rotate3DX(-beta) with column 1
+ * cleared. PE (isometric) and P2 (dimetric) hold fixed three-decimal
+ * coefficients: 0.707, -0.408, 0.816 and 0.935, -0.118, -0.354, -0.312,
+ * 0.943. */
 QELMATH_API void TransMatrixAxisView(double alpha, double beta, double (* const T)[4]);
 QELMATH_API void TransMatrixAxisViewPE(double (* const T)[4]);
 QELMATH_API void TransMatrixAxisViewP2(double (* const T)[4]);
+/* Oblique view drawing the y axis along (a, b): (x + a*y, 0, z + b*y); L2 is
+ * the cabinet view a = b = -0.354. */
 QELMATH_API void TransMatrixAxisViewL(double a, double b, double (* const T)[4]);
 QELMATH_API void TransMatrixAxisViewL2(double (* const T)[4]);
+/* Perspectives; shifts come in the order x, z, y, then the factor q.
+ * Perspective1 = Move3D(dx, dy, dz) . Pq, where Pq keeps x and z, drops y
+ * and sets w' = q*y + w: one vanishing point. Perspective2 prefixes
+ * Rotate3DZ(theta) (two vanishing points), Perspective3 Rotate3DZ(theta) .
+ * Rotate3DX(phi) (three); their entries are the written-out products formed
+ * left to right, e.g. T[0][3] = (q*sin theta)*cos phi. */
 QELMATH_API void TransMatrixPerspective1(double dx, double dz, double dy, double q, double (* const T)[4]);
 QELMATH_API void TransMatrixPerspective2(double dx, double dz, double dy, double q, double theta, double (* const T)[4]);
 QELMATH_API void TransMatrixPerspective3(double dx, double dz, double dy, double q, double theta, double phi, double (* const T)[4]);
-/* Write three entries only; the other thirteen keep their values. */
+/* Re-shift a perspective matrix: write T[3][0] = dx, T[3][2] = dz and
+ * T[3][3] = dy*q + 1 only; the other thirteen entries keep their values, bit
+ * for bit, including the q already in the last column. */
 QELMATH_API void TransMatrixPerspective2(double dx, double dz, double dy, double q, double (* const T)[4]);
 QELMATH_API void TransMatrixPerspective3(double dx, double dz, double dy, double q, double (* const T)[4]);
 
