@@ -93,12 +93,17 @@ TEST(Chord, IterationLimit)
 
 TEST(Chord, StepTestIsInclusive)
 {
-    // On a straight line the first step lands on the root's neighbourhood
-    // and the next chord point coincides with it: a step of 0 <= eps = 0.
+    // With eps = 0 only a step of exactly 0 ends the search: x^2 - 2 never
+    // comes within 2^-52 of zero, and on the 23rd step the chord point
+    // repeats.
     g_calls = 0;
     double x = kSentinel;
-    EXPECT_EQ(solve_Chord(linear_root_at_zero, -1.0, 3.0, 0.0, &x, 10), 1);
-    EXPECT_EQ(x, 0.0);
+    EXPECT_EQ(solve_Chord(two_less_square, 0.0, 2.0, 0.0, &x, 100), 1);
+    EXPECT_EQ(g_calls, 25);
+    EXPECT_EQ(x, 1.4142135623730949);
+    g_calls = 0;
+    EXPECT_EQ(solve_Chord(two_less_square, 0.0, 2.0, 0.0, &x, 22), 0);
+    EXPECT_EQ(g_calls, 24);
 }
 
 TEST(Equation, NamedCases)
