@@ -86,13 +86,17 @@ bool strong_probable_prime(const Montgomery& mg, u32 one, u32 r2, u32 d, int s, 
     u32 minus_one = mg.n - one;
     u32 base = mg.mul(a, r2);   // a * 2^32 mod n
 
-    // a^d, left to right over the bits of d below its leading one.
-    u32 x = base;
-    int bit = 31;
-    while (!((d >> bit) & 1u)) --bit;
-    for (--bit; bit >= 0; --bit) {
-        x = mg.mul(x, x);
-        if ((d >> bit) & 1u) x = mg.mul(x, base);
+    // a^d, right to left: the squarings form one chain of dependent products
+    // and the multiplications into the result another, so the two overlap;
+    // the result takes each product through a mask rather than a branch on
+    // the bits of d, which would be mispredicted half the time.
+    u32 x = one;
+    u32 power = base;
+    for (u32 e = d; e != 0; e >>= 1) {
+        u32 product = mg.mul(x, power);
+        u32 take = 0u - (e & 1u);
+        x = (product & take) | (x & ~take);
+        power = mg.mul(power, power);
     }
 
     if (x == one || x == minus_one) return true;
