@@ -5,6 +5,7 @@
 #ifndef QELMATH_TESTS_LINEAR_REFERENCE_H
 #define QELMATH_TESTS_LINEAR_REFERENCE_H
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -240,6 +241,45 @@ inline int sparse_gauss_jordan(double* a, std::size_t n, double* b)
     for (std::size_t k = n; k-- > 0;)
         if (rec[k] != k) std::swap(b[k], b[rec[k]]);
     return 1;
+}
+
+// Band elimination with partial pivoting on packed rows (0 <= h < n).
+inline int gauss_band(double* a, double* b, std::size_t n, std::size_t h, std::size_t m)
+{
+    const std::size_t w = 2 * h + 1;
+    std::size_t s = h;
+    for (std::size_t k = 0; k + 1 < n; ++k) {
+        double best = 0.0;
+        std::size_t r = k;
+        for (std::size_t i = k; i <= s; ++i)
+            if (std::fabs(a[i * w]) > best) {
+                best = std::fabs(a[i * w]);
+                r = i;
+            }
+        if (best <= kEps) return 0;
+        for (std::size_t v = 0; v < m; ++v) std::swap(b[k * m + v], b[r * m + v]);
+        for (std::size_t j = 0; j < w; ++j) std::swap(a[k * w + j], a[r * w + j]);
+        double p = a[k * w];
+        for (std::size_t v = 0; v < m; ++v) b[k * m + v] = b[k * m + v] / p;
+        for (std::size_t j = 1; j < w; ++j) a[k * w + j] = a[k * w + j] / p;
+        for (std::size_t i = k + 1; i <= s; ++i) {
+            double t = a[i * w];
+            for (std::size_t v = 0; v < m; ++v) b[i * m + v] = b[i * m + v] - t * b[k * m + v];
+            for (std::size_t j = 1; j < w; ++j) a[i * w + j - 1] = a[i * w + j] - t * a[k * w + j];
+            a[i * w + w - 1] = 0.0;
+        }
+        if (s < n - 1) ++s;
+    }
+    double p = a[(n - 1) * w];
+    if (std::fabs(p) <= kEps) return 0;
+    for (std::size_t v = 0; v < m; ++v) b[(n - 1) * m + v] = b[(n - 1) * m + v] / p;
+    for (std::size_t i = n - 1; i-- > 0;) {
+        std::size_t q = std::min(2 * h, n - 1 - i);
+        for (std::size_t v = 0; v < m; ++v)
+            for (std::size_t j = 1; j <= q; ++j)
+                b[i * m + v] = b[i * m + v] - a[i * w + j] * b[(i + j) * m + v];
+    }
+    return 2;
 }
 
 }  // namespace ref
