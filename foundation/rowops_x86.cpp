@@ -30,6 +30,19 @@ namespace sse2_kernels {
 #define QGT(a, b) _mm_cmpgt_pd((a), (b))
 #define QBLEND(m, o, n) _mm_or_pd(_mm_and_pd((m), (n)), _mm_andnot_pd((m), (o)))
 #define QINDEX0 _mm_set_pd(1.0, 0.0)
+#define QEQ(a, b) _mm_cmpeq_pd((a), (b))
+#define QMAX _mm_max_pd
+#define QMIN _mm_min_pd
+#define QHMAX hmax
+#define QHMIN hmin
+__attribute__((target("sse2"))) inline double hmax(__m128d v)
+{
+    return _mm_cvtsd_f64(_mm_max_sd(v, _mm_unpackhi_pd(v, v)));
+}
+__attribute__((target("sse2"))) inline double hmin(__m128d v)
+{
+    return _mm_cvtsd_f64(_mm_min_sd(v, _mm_unpackhi_pd(v, v)));
+}
 #include "foundation/rowops_x86.inc"
 #undef QV
 #undef QM
@@ -46,6 +59,11 @@ namespace sse2_kernels {
 #undef QGT
 #undef QBLEND
 #undef QINDEX0
+#undef QEQ
+#undef QMAX
+#undef QMIN
+#undef QHMAX
+#undef QHMIN
 }  // namespace sse2_kernels
 
 // --- AVX2 (only AVX instructions are needed; AVX2 marks the generation) ----
@@ -65,6 +83,21 @@ namespace avx2_kernels {
 #define QGT(a, b) _mm256_cmp_pd((a), (b), _CMP_GT_OQ)
 #define QBLEND(m, o, n) _mm256_blendv_pd((o), (n), (m))
 #define QINDEX0 _mm256_set_pd(3.0, 2.0, 1.0, 0.0)
+#define QEQ(a, b) _mm256_cmp_pd((a), (b), _CMP_EQ_OQ)
+#define QMAX _mm256_max_pd
+#define QMIN _mm256_min_pd
+#define QHMAX hmax
+#define QHMIN hmin
+__attribute__((target("avx2"))) inline double hmax(__m256d v)
+{
+    __m128d h = _mm_max_pd(_mm256_castpd256_pd128(v), _mm256_extractf128_pd(v, 1));
+    return _mm_cvtsd_f64(_mm_max_sd(h, _mm_unpackhi_pd(h, h)));
+}
+__attribute__((target("avx2"))) inline double hmin(__m256d v)
+{
+    __m128d h = _mm_min_pd(_mm256_castpd256_pd128(v), _mm256_extractf128_pd(v, 1));
+    return _mm_cvtsd_f64(_mm_min_sd(h, _mm_unpackhi_pd(h, h)));
+}
 #include "foundation/rowops_x86.inc"
 #undef QV
 #undef QM
@@ -81,6 +114,11 @@ namespace avx2_kernels {
 #undef QGT
 #undef QBLEND
 #undef QINDEX0
+#undef QEQ
+#undef QMAX
+#undef QMIN
+#undef QHMAX
+#undef QHMIN
 }  // namespace avx2_kernels
 
 // --- AVX-512 -----------------------------------------------------------------
@@ -100,6 +138,26 @@ namespace avx512_kernels {
 #define QGT(a, b) _mm512_cmp_pd_mask((a), (b), _CMP_GT_OQ)
 #define QBLEND(m, o, n) _mm512_mask_blend_pd((m), (o), (n))
 #define QINDEX0 _mm512_set_pd(7.0, 6.0, 5.0, 4.0, 3.0, 2.0, 1.0, 0.0)
+#define QMASK(k) static_cast<__mmask8>((1u << (k)) - 1u)
+#define QMLOAD(m, p) _mm512_maskz_loadu_pd((m), (p))
+#define QMSTORE(p, m, v) _mm512_mask_storeu_pd((p), (m), (v))
+#define QEQ(a, b) _mm512_cmp_pd_mask((a), (b), _CMP_EQ_OQ)
+#define QMAX _mm512_max_pd
+#define QMIN _mm512_min_pd
+#define QHMAX hmax
+#define QHMIN hmin
+__attribute__((target("avx512f"))) inline double hmax(__m512d v)
+{
+    __m256d q = _mm256_max_pd(_mm512_castpd512_pd256(v), _mm512_extractf64x4_pd(v, 1));
+    __m128d h = _mm_max_pd(_mm256_castpd256_pd128(q), _mm256_extractf128_pd(q, 1));
+    return _mm_cvtsd_f64(_mm_max_sd(h, _mm_unpackhi_pd(h, h)));
+}
+__attribute__((target("avx512f"))) inline double hmin(__m512d v)
+{
+    __m256d q = _mm256_min_pd(_mm512_castpd512_pd256(v), _mm512_extractf64x4_pd(v, 1));
+    __m128d h = _mm_min_pd(_mm256_castpd256_pd128(q), _mm256_extractf128_pd(q, 1));
+    return _mm_cvtsd_f64(_mm_min_sd(h, _mm_unpackhi_pd(h, h)));
+}
 #include "foundation/rowops_x86.inc"
 #undef QV
 #undef QM
@@ -116,6 +174,14 @@ namespace avx512_kernels {
 #undef QGT
 #undef QBLEND
 #undef QINDEX0
+#undef QMASK
+#undef QMLOAD
+#undef QMSTORE
+#undef QEQ
+#undef QMAX
+#undef QMIN
+#undef QHMAX
+#undef QHMIN
 }  // namespace avx512_kernels
 
 #define QELMATH_ROWOPS_TABLE(ns)                                                        \
