@@ -122,6 +122,12 @@ __attribute__((target("avx2"))) inline double hmin(__m256d v)
 }  // namespace avx2_kernels
 
 // --- AVX-512 -----------------------------------------------------------------
+// GCC 12's headers build some AVX-512 intrinsics on a deliberately undefined
+// vector and then warn about it at -O2; the warning is about the header.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 namespace avx512_kernels {
 #define QV __m512d
 #define QM __mmask8
@@ -183,6 +189,9 @@ __attribute__((target("avx512f"))) inline double hmin(__m512d v)
 #undef QHMAX
 #undef QHMIN
 }  // namespace avx512_kernels
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
 
 #define QELMATH_ROWOPS_TABLE(ns)                                                        \
     {                                                                                   \
