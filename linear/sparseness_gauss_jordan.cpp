@@ -9,9 +9,10 @@
 // pivot test is the same threshold: a best magnitude at most 2^-52 means
 // singular, 0 with a and b partially reduced.
 //
-// The pivot row's columns that take part are listed once per step, so a
-// negligible column costs one test per step and a negligible multiplier one
-// test per row, not an update per element. The column record, n ints, is
+// The pivot row's columns that take part are listed once per step (in the
+// column record's entries for later steps, not yet in use), so a negligible
+// column costs one test per step and a negligible multiplier one test per
+// row, not an update per element. The column record, n ints, is
 // taken first and given back before every return; a failed request returns 0
 // with nothing touched. A negative n returns 0 and touches nothing; n = 0
 // takes and gives back an empty block and returns 1.
