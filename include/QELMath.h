@@ -198,30 +198,59 @@ QELMATH_API double math_Polynomial(double* k, int n, double x);
 /* ---------------------------------------------------------------------------
  * Linear systems
  *
- * Solutions overwrite the right-hand side; the general solvers use a as work
- * space. Results: 1 solved, 0 singular (or a failed scratch request).
+ * Matrices are row-major (element (i, j) of an n x n matrix at i*n + j);
+ * complex ones come as two arrays, real parts first. Solutions overwrite the
+ * right-hand side; the elimination solvers use the matrix as work space.
+ * Singularity is judged against the fixed pivot threshold 2^-52
+ * (2.220446049250313e-16), for complex pivots against their squared modulus;
+ * a pivot of magnitude equal to the threshold is singular. Results are the
+ * same bits on every CPU and vector width. After a result of 0 from a
+ * singular system, arrays the solver works in hold partially reduced values.
+ * A negative order, half width or right-hand-side count returns 0 and touches
+ * nothing.
  * ------------------------------------------------------------------------- */
 
-/* n x n real system by Gaussian elimination with full pivoting. */
+/* n x n real system by Gaussian elimination with full pivoting; b receives x.
+ * 1 solved; 0 singular, or the scratch request (4n bytes through mem_malloc)
+ * failed, in which case a and b are untouched. n = 0 returns 1. */
 QELMATH_API int linear_Gauss(double* a, double* b, int n);
-/* 2, 3 and 4 unknowns in closed form; a is not changed, b only on success. */
+/* 2, 3 and 4 unknowns in closed form (Cramer's rule); no memory is taken and
+ * a is never changed. 1 with x in b; 0 singular with b unchanged. Where the
+ * closed form of 3 or 4 unknowns cannot finish (no pair of equations with a
+ * usable minor; singular combined equations, as for the identity), the
+ * system is solved by full-pivoting elimination on a copy instead. */
 QELMATH_API int linear_Gauss2(double* a, double* b);
 QELMATH_API int linear_Gauss3(double* a, double* b);
 QELMATH_API int linear_Gauss4(double* a, double* b);
-/* n x n complex system (real and imaginary parts apart). */
+/* n x n complex system by Gaussian elimination with full pivoting; br, bi
+ * receive x. Results and scratch as for the real overload. */
 QELMATH_API int linear_Gauss(double* ar, double* ai, int n, double* br, double* bi);
-/* Gauss-Jordan with full pivoting, m right-hand sides (b is n x m). */
+/* Gauss-Jordan with full pivoting, m right-hand sides: b is n x m row-major,
+ * one right-hand side per column, and receives X. 1 solved; 0 singular or
+ * failed scratch request (4n bytes; a and b untouched then). n = 0 returns
+ * 1 touching nothing; m = 0 reduces a and never writes b. */
 QELMATH_API int linear_GaussJordan(double* a, double* b, int n, int m);
 QELMATH_API int linear_GaussJordan(double* ar, double* ai, double* br, double* bi, int n, int m);
-/* Band system of half width h in packed storage, m right-hand sides;
- * 2 solved, 0 singular. */
+/* Band system of half width h in packed rows of 2h + 1 doubles (row i
+ * left-justified from column max(0, i - h)), m right-hand sides (b n x m),
+ * by elimination with partial pivoting inside the band. 2 solved, 0 singular.
+ * No memory is taken. n = 0 returns 2; h >= n is allowed. */
 QELMATH_API int linear_GaussBand(double* a, double* b, int n, int h, int m);
-/* Tridiagonal system in packed storage; 2 solved, 0 singular. */
+/* Tridiagonal system packed row by row in 3n - 2 doubles (a00, a01, a10,
+ * a11, a12, ...), Thomas algorithm without pivoting: 2 solved, 0 when a
+ * reduced diagonal entry is negligible (even if the matrix is regular). The
+ * array keeps the normalised super-diagonal and reduced diagonal. n = 0
+ * returns 2. */
 QELMATH_API int linear_TrianglePullup(double* a, int n, double* b);
-/* Gauss-Seidel iteration into x to accuracy eps: 1 converged, -1 not strictly
- * diagonally dominant, 0 no convergence within 10,000 sweeps. */
+/* Gauss-Seidel iteration from x = 0 into x; a and b are not changed.
+ * 1 converged: a sweep's largest change |new - old| / (1 + |new|) fell below
+ * eps, or a sweep changed nothing; -1 not strictly diagonally dominant (x
+ * zeroed up to the failing row); 0 no convergence within 10,000 sweeps, x
+ * holding the last sweep. */
 QELMATH_API int linear_GaussSeidel(double* a, double* b, int n, double* x, double eps);
-/* Gauss-Jordan that skips negligible entries. */
+/* Gauss-Jordan with full pivoting for one right-hand side that treats entries
+ * of magnitude <= 2^-52 as zero, skipping their divisions and updates.
+ * Results and scratch as for linear_GaussJordan; n = 0 returns 1. */
 QELMATH_API int linear_SparsenessGaussJordan(double* a, int n, double* b);
 
 /* ---------------------------------------------------------------------------
