@@ -46,9 +46,30 @@ QEL_ALWAYS_INLINE void store(double* p, V v)
 template <class V>
 QEL_ALWAYS_INLINE V splat(double x)
 {
-    V v;
-    for (int i = 0; i < lanes<V>; ++i) v[i] = x;
-    return v;
+    if constexpr (sizeof(V) == sizeof(double)) {
+        return x;
+    } else {
+        V v;
+        for (int i = 0; i < lanes<V>; ++i) v[i] = x;
+        return v;
+    }
+}
+
+// Every lane *p, loaded straight into the lanes. Left to itself the compiler
+// likes to gather neighbouring scalars into one vector load and spread them
+// with shuffles, which compete with the arithmetic for the vector pipes; a
+// broadcast from memory uses the load ports only.
+template <class V>
+QEL_ALWAYS_INLINE V broadcast(const double* p)
+{
+#if defined(__x86_64__) || defined(__i386__)
+    if constexpr (sizeof(V) == 64 || sizeof(V) == 32) {
+        V v;
+        __asm__("vbroadcastsd %1, %0" : "=v"(v) : "m"(*p));
+        return v;
+    }
+#endif
+    return splat<V>(*p);
 }
 
 }  // namespace simd
