@@ -11,7 +11,9 @@
 
 // The helpers pass vectors by value; they are always inlined into functions
 // of the matching target, so the ABI note GCC gives for them does not apply.
-#if defined(__GNUC__) && !defined(__clang__)
+#if defined(__clang__)
+#pragma clang diagnostic ignored "-Wpsabi"
+#elif defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Wpsabi"
 #endif
 
@@ -36,7 +38,7 @@ QEL_ALWAYS_INLINE V load(const double* p)
 }
 
 template <class V>
-QEL_ALWAYS_INLINE void store(double* p, V v)
+QEL_ALWAYS_INLINE void store(double* p, const V& v)
 {
     std::memcpy(p, &v, sizeof v);
 }
@@ -58,11 +60,13 @@ QEL_ALWAYS_INLINE V splat(double x)
 // Every lane *p, loaded straight into the lanes. Left to itself the compiler
 // likes to gather neighbouring scalars into one vector load and spread them
 // with shuffles, which compete with the arithmetic for the vector pipes; a
-// broadcast from memory uses the load ports only.
+// broadcast from memory uses the load ports only. (Clang checks the operand
+// size against the template's own instruction set, so it takes the plain
+// splat, which it compiles to the same broadcast.)
 template <class V>
 QEL_ALWAYS_INLINE V broadcast(const double* p)
 {
-#if defined(__x86_64__) || defined(__i386__)
+#if (defined(__x86_64__) || defined(__i386__)) && !defined(__clang__)
     if constexpr (sizeof(V) == 64 || sizeof(V) == 32) {
         V v;
         __asm__("vbroadcastsd %1, %0" : "=v"(v) : "m"(*p));
