@@ -59,7 +59,9 @@ QEL_ALWAYS_INLINE void tile(const Operands& o, std::size_t i, std::size_t j, std
     while (l < l1) {
         // A block of four, or the remaining terms after the last block.
         const std::size_t terms = (l1 - l >= 4) ? 4 : l1 - l;
-        V sumr[MR][NV], sumi[MR][NV];
+        // Set by the first term, which every block has (l < l1); the zeros
+        // only tell the compiler so.
+        V sumr[MR][NV] = {}, sumi[MR][NV] = {};
         for (std::size_t q = 0; q < terms; ++q, ++l) {
             V u[NV], w[NV], uw[NV];
 #pragma GCC unroll 4

@@ -51,6 +51,15 @@ QEL_ALWAYS_INLINE V splat(double x)
     if constexpr (sizeof(V) == sizeof(double)) {
         return x;
     } else {
+#if (defined(__x86_64__) || defined(__i386__)) && !defined(__clang__)
+        // GCC at -O3 turns the lane-by-lane form below into a chain of
+        // masked broadcasts; one broadcast from the register is what is meant.
+        if constexpr (sizeof(V) == 64 || sizeof(V) == 32) {
+            V v;
+            __asm__("vbroadcastsd %1, %0" : "=v"(v) : "v"(x));
+            return v;
+        }
+#endif
         V v;
         for (int i = 0; i < lanes<V>; ++i) v[i] = x;
         return v;
