@@ -279,7 +279,9 @@ TEST(ComplexProduct, ThreeMultiplicationsPerTerm)
 TEST_F(AtEveryWidth, ComplexProductKeepsItsBlockedSums)
 {
     std::mt19937_64 rng(9);
-    const int sizes[][3] = {{1, 1, 1}, {2, 3, 5}, {3, 8, 9}, {4, 9, 17}, {5, 13, 3}, {6, 20, 33}};
+    const int sizes[][3] = {{1, 1, 1},  {2, 3, 5},    {3, 8, 9},   {4, 9, 17},
+                            {5, 13, 3}, {6, 20, 33},  {3, 150, 19}, {4, 128, 16},
+                            {7, 67, 40}, {2, 65, 17}};
     for (qel::SimdLevel level : kLevels) {
         qel::cap_simd_level(level);
         for (const auto& s : sizes) {
