@@ -1,8 +1,10 @@
 // The real product, the determinant and the inverse, side by side with
 // OpenBLAS dgemm, Eigen's FullPivLU and a plain transcription of the product.
 //
-// Figures are GFLOP/s-equivalents: 2 n^3 for a product of order n, 2/3 n^3 for
-// a determinant and 2 n^3 for an inverse, whatever the method really spends.
+// Figures are GFLOP/s-equivalents: 2 n^3 for a real product of order n, 8 n^3
+// for a complex one, 2/3 n^3 for a determinant and 2 n^3 for an inverse,
+// whatever the method really spends. The second argument of the library's
+// product cases caps the vector unit: 0 baseline SSE2, 1 AVX2, 2 AVX-512.
 // For OpenBLAS at its best on one core run with
 //   OPENBLAS_CORETYPE=SkylakeX OPENBLAS_NUM_THREADS=1
 #include <cblas.h>
