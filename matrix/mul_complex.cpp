@@ -127,8 +127,7 @@ QEL_ALWAYS_INLINE void product(const Operands& o, std::size_t m, double* cr, dou
     const std::size_t blocked = o.n - o.n % 4;
     for (std::size_t l0 = 0; l0 < o.n; l0 += kChunk) {
         // The chunk holding the last block also takes the remaining terms.
-        std::size_t l1 = (blocked - l0 > kChunk) ? l0 + kChunk : o.n;
-        if (l0 >= blocked) l1 = o.n;
+        const std::size_t l1 = (l0 + kChunk < blocked) ? l0 + kChunk : o.n;
         std::size_t i = 0;
         for (; i + MR <= m; i += MR) row_band<V, MR, NV>(o, i, l0, l1, cr, ci);
         for (; i < m; ++i) row_band<V, 1, NV>(o, i, l0, l1, cr, ci);
