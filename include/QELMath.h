@@ -257,19 +257,34 @@ QELMATH_API int linear_SparsenessGaussJordan(double* a, int n, double* b);
  * Matrix algebra
  * ------------------------------------------------------------------------- */
 
-/* c = a + b and c = a - b over m*n elements; integers wrap around. */
+/* c = a + b and c = a - b, element by element over count = m*n elements
+ * (the 32-bit wrap-around product; a count of zero or less writes nothing).
+ * Integers wrap around in 32 bits. c may be the very same array as a or b.
+ * The complex overloads do the real parts, then the imaginary parts: cr may
+ * be ar or br, ci may be ai, bi, ar or br. */
 QELMATH_API void mt_Add(const int* a, const int* b, int m, int n, int* c);
 QELMATH_API void mt_Add(const double* a, const double* b, int m, int n, double* c);
 QELMATH_API void mt_Add(const double* ar, const double* ai, const double* br, const double* bi, int m, int n, double* cr, double* ci);
 QELMATH_API void mt_Sub(const int* a, const int* b, int m, int n, int* c);
 QELMATH_API void mt_Sub(const double* a, const double* b, int m, int n, double* c);
 QELMATH_API void mt_Sub(const double* ar, const double* ai, const double* br, const double* bi, int m, int n, double* cr, double* ci);
-/* c (m x k) = a (m x n) . b (n x k). */
+/* c (m x k) = a (m x n) . b (n x k), all m*k elements written; c must not
+ * overlap an operand. Negative sizes write nothing and take no memory.
+ * Integer: 32-bit wrap-around. Real: Winograd's inner-product scheme with one
+ * row factor per row of a and one column factor per column of b (scratch
+ * blocks of 8m then 8k bytes; should they not be had, the same bits are
+ * computed without them); sums over index pairs in blocks of four, the
+ * remainder after the last block, the odd-n term last; n = 0 gives -0.0.
+ * Complex: three real multiplications per term, blocks of four; n = 0 gives
+ * zeros. Results are the same bits on every CPU and vector unit. */
 QELMATH_API void mt_Mul(const int* a, const int* b, int m, int n, int k, int* c);
 QELMATH_API void mt_Mul(const double* a, const double* b, int m, int n, int k, double* c);
 QELMATH_API void mt_Mul(const double* ar, const double* ai, const double* br, const double* bi, int m, int n, int k, double* cr, double* ci);
-/* Fixed-size products: outer (n x 1 times 1 x n), inner, and rows times
- * 2x2, 3x3, 4x4 matrices. */
+/* Fixed-size products, a row p times a matrix M as p . M: outer (n x 1 times
+ * 1 x n; nothing for n <= 0), inner (c[0] = sum a[l] b[l] in blocks of four;
+ * +0.0 for n <= 0), and 1, 2, 3, 4 or n rows times 2x2, 3x3, 4x4 matrices,
+ * each element summed over the inner index left to right. The N members
+ * touch rows 0 .. n-1 only (nothing for n <= 0). c must not overlap a or b. */
 QELMATH_API void mt_MulN1x1N(const double* a, int n, const double* b, double* c);
 QELMATH_API void mt_Mul1NxN1(const double* a, int n, const double* b, double* c);
 QELMATH_API void mt_Mul12x22(const double* a, const double* b, double* c);
@@ -284,13 +299,24 @@ QELMATH_API void mt_Mul24x44(const double* a, const double* b, double* c);
 QELMATH_API void mt_Mul34x44(const double* a, const double* b, double* c);
 QELMATH_API void mt_Mul44x44(const double* a, const double* b, double* c);
 QELMATH_API void mt_MulN4x44(const double* a, int n, const double* b, double* c);
-/* Determinant by full pivoting (a is destroyed; +0.0 when singular) and in
- * closed form for orders 2 to 4. */
+/* Determinant by Gaussian elimination with full pivoting, in place (a is
+ * destroyed). +0.0 when a step's largest remaining magnitude is below
+ * 2.220446049250313e-16 (the bound itself passes). n = 1 returns a[0];
+ * n = 0 returns 1.0; n < 0 returns 0.0. No memory is taken.
+ * Closed forms of orders 2, 3, 4: only read their argument, no threshold. */
 QELMATH_API double mt_Det(double* a, int n);
 QELMATH_API double mt_Det2(const double* a);
 QELMATH_API double mt_Det3(const double* a);
 QELMATH_API double mt_Det4(const double* a);
-/* In-place inverse: 1 inverted, 0 singular. */
+/* In-place inverse: 1 inverted, 0 singular.
+ * General (real, complex): Gauss-Jordan with full pivoting; singular when the
+ * largest remaining magnitude is <= 2.220446049250313e-16 (real) or the
+ * largest squared modulus is < 2.220446049250313e-16 (complex); the matrix is
+ * then left partly eliminated. Takes one block of 2n ints; when it cannot be
+ * had the result is 0 and the matrix is untouched. n = 0 returns 1 (an empty
+ * block is taken and given back); n < 0 returns 1 and takes nothing.
+ * Orders 2, 3, 4: adjugate over determinant; singular when |det| <=
+ * 2.220446049250313e-16, with the matrix unchanged; no memory. */
 QELMATH_API int mt_Inv(double* a, int n);
 QELMATH_API int mt_Inv(double* ar, double* ai, int n);
 QELMATH_API int mt_Inv2(double* a);
