@@ -36,12 +36,14 @@
 #include "clip/clip_predicates.h"
 #include "clip/clip_work.h"
 #include "clip/contour.h"
+#include "clip/side_locator.h"
 
 namespace {
 
 using qel::clipwork::Buffer;
 using qel::clipwork::PairIndex;
 using qel::clipwork::PointSet;
+using qel::clipwork::SideLocator;
 
 constexpr int kFail = -1000;   // internal: memory ran out
 
@@ -415,12 +417,18 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             keep[static_cast<std::size_t>(i)] = in;
         }
         if (!DropPoints(outline, keep.data())) return kFail;
+        SideLocator sides;
+        const double rect[4] = {rx1, ry1, rx2, ry2};
+        if (!sides.init(g2.pts.at(0), g2.pts.count(), g2.ends.data(), g2.edge_count(), locator.f, rect))
+            return kFail;
         std::size_t m = 0;
         for (std::size_t e = 0; e + 1 < outline.ends.size(); e += 2) {
             const double* p = outline.pts.at(outline.ends[e]);
             const double* q = outline.pts.at(outline.ends[e + 1]);
             const double mx = (p[0] + q[0]) * 0.5, my = (p[1] + q[1]) * 0.5;
-            if (locator.locate(mx, my) == -2) continue;
+            const int out = sides.outside(mx, my);
+            if (out < 0) return kFail;
+            if (out) continue;
             outline.ends[m++] = outline.ends[e];
             outline.ends[m++] = outline.ends[e + 1];
         }

@@ -1,0 +1,268 @@
+// SideLocator (see side_locator.h).
+//
+// Margins: mu bounds how far from a ray's line an edge end may lie and still
+// take part in any predicate of that ray (coincidence radius, line band,
+// rounding of line crossings, growing with the magnitude of the coordinates
+// times the figure's size); near-side margins add the reach of PointOnSegment
+// beyond an edge's box (up to 0.002 on its range axis, stretched by the
+// edge's slope) and divide by the smaller of |cos L| and |sin L|, since the
+// ray's range test reads one coordinate of the distance along the ray.
+#include "clip/side_locator.h"
+
+#include <cmath>
+
+namespace qel {
+namespace clipwork {
+
+namespace {
+
+void SortKeys(void* data, int n)
+{
+    struct K {
+        double w;
+        int edge;
+    };
+    K* a = static_cast<K*>(data);
+    auto less = [](const K& p, const K& q) { return p.w < q.w || (p.w == q.w && p.edge < q.edge); };
+    auto sift = [&](int i, int len) {
+        for (;;) {
+            int c = 2 * i + 1;
+            if (c >= len) return;
+            if (c + 1 < len && less(a[c], a[c + 1])) ++c;
+            if (!less(a[i], a[c])) return;
+            const K t = a[i];
+            a[i] = a[c];
+            a[c] = t;
+            i = c;
+        }
+    };
+    for (int i = n / 2 - 1; i >= 0; --i) sift(i, n);
+    for (int len = n - 1; len > 0; --len) {
+        const K t = a[0];
+        a[0] = a[len];
+        a[len] = t;
+        sift(0, len);
+    }
+}
+
+double Larger(double a, double b) { return a < b ? b : a; }
+
+// Outside its range widened by 0.002 on the range axis both range factors of
+// PointOnSegment exceed 0.002 in size with opposite signs, and the point is
+// no nearer the start than that: the test gives 0.
+bool MayLieOn(double x, double y, const double* c, const double* d)
+{
+    double v = x, a = c[0], b = d[0];
+    if (!(std::fabs(c[0] - d[0]) >= kAxis)) {
+        v = y;
+        a = c[1];
+        b = d[1];
+    }
+    const double lo = a < b ? a : b, hi = a < b ? b : a;
+    return v >= lo - 2e-3 && v <= hi + 2e-3;
+}
+
+}  // namespace
+
+double SideLocator::wOf(const double* p) const
+{
+    return (p[0] - f_.minX) * f_.sinL - (p[1] - f_.minY) * f_.cosL;
+}
+
+bool SideLocator::init(const double* xy, int points, const int* ends, int edges, const ProbeFrame& f,
+                       const double* rect)
+{
+    xy_ = xy;
+    points_ = points;
+    ends_ = ends;
+    edges_ = edges;
+    f_ = f;
+    for (int i = 0; i < 4; ++i) rect_[i] = rect[i];
+    mag_ = Larger(Larger(std::fabs(f.minX), std::fabs(f.maxX)), Larger(std::fabs(f.minY), std::fabs(f.maxY)));
+    for (int i = 0; i < 4; ++i) mag_ = Larger(mag_, std::fabs(rect[i]));
+    const double L = f.length;
+    mu_ = 1e-3 + 1e-9 * (mag_ + L) + 1e-12 * (mag_ + L + 1.0) * (L + 1.0);
+    tol_ = 1e-6 + 1e-12 * mag_;
+    const double lean = std::fabs(f.sinL) < std::fabs(f.cosL) ? std::fabs(f.sinL) : std::fabs(f.cosL);
+    sweepable_ = lean >= 1e-4 && points >= 2 && edges > 0;
+    if (!sweepable_) return true;
+    nearMargin_ = 2.0 * mu_ / lean;
+
+    if (!mark_.assign(static_cast<std::size_t>(edges), 0) || !byW_.resize(2 * static_cast<std::size_t>(edges)))
+        return false;
+    for (int e = 0; e < edges; ++e) {
+        byW_[2 * static_cast<std::size_t>(e)] = Key{wOf(xy + 2 * ends[2 * e]), e};
+        byW_[2 * static_cast<std::size_t>(e) + 1] = Key{wOf(xy + 2 * ends[2 * e + 1]), e};
+    }
+    SortKeys(byW_.data(), 2 * edges);
+
+    // Edges near each side, bucketed along it.
+    const double band = 1e-6 + 1e-12 * (mag_ + L);
+    for (int s = 0; s < 4; ++s) {
+        Side& side = sides_[s];
+        side.axis = (s % 2 == 0) ? 0 : 1;
+        const double fixedAt = (s == 0) ? rect[1] : (s == 1) ? rect[2] : (s == 2) ? rect[3] : rect[0];
+        const double lo = side.axis == 0 ? rect[0] : rect[1];
+        const double hi = side.axis == 0 ? rect[2] : rect[3];
+        // Count, then fill: edge e is near when its box, widened by its reach,
+        // meets the side's box widened by the near margin.
+        int near = 0;
+        auto reachOf = [&](int e, double* alo, double* ahi) {
+            const double* c = xy + 2 * ends[2 * e];
+            const double* d = xy + 2 * ends[2 * e + 1];
+            const double dx = c[0] - d[0], dy = c[1] - d[1];
+            const double len = std::sqrt(dx * dx + dy * dy);
+            const double run = std::fabs(dx) >= kAxis ? std::fabs(dx) : std::fabs(dy);
+            const double reach = (run > 0.0 ? band + (2e-3 + band) * len / run : 0.0) + nearMargin_;
+            const int across = 1 - side.axis;
+            const double clo = (c[across] < d[across] ? c[across] : d[across]) - reach;
+            const double chi = (c[across] < d[across] ? d[across] : c[across]) + reach;
+            if (chi < fixedAt - nearMargin_ || clo > fixedAt + nearMargin_) return false;
+            *alo = (c[side.axis] < d[side.axis] ? c[side.axis] : d[side.axis]) - reach;
+            *ahi = (c[side.axis] < d[side.axis] ? d[side.axis] : c[side.axis]) + reach;
+            return !(*ahi < lo - nearMargin_ || *alo > hi + nearMargin_);
+        };
+        double alo, ahi;
+        for (int e = 0; e < edges; ++e) near += reachOf(e, &alo, &ahi) ? 1 : 0;
+        side.buckets = near < 1 ? 1 : (near > (1 << 20) ? (1 << 20) : near);
+        side.base = lo - nearMargin_;
+        side.width = (hi - lo + 2.0 * nearMargin_) / side.buckets;
+        if (!side.start.assign(static_cast<std::size_t>(side.buckets) + 1, 0)) return false;
+        auto bucketOf = [&](double a) {
+            const double k = std::floor((a - side.base) / side.width);
+            if (!(k > 0.0)) return 0;
+            if (k >= side.buckets - 1) return side.buckets - 1;
+            return static_cast<int>(k);
+        };
+        for (int pass = 0; pass < 2; ++pass) {
+            for (int e = 0; e < edges; ++e) {
+                if (!reachOf(e, &alo, &ahi)) continue;
+                for (int b = bucketOf(alo); b <= bucketOf(ahi); ++b) {
+                    if (pass == 0)
+                        ++side.start[static_cast<std::size_t>(b) + 1];
+                    else
+                        side.list[static_cast<std::size_t>(side.start[static_cast<std::size_t>(b)]++)] = e;
+                }
+            }
+            if (pass == 0) {
+                for (int b = 0; b < side.buckets; ++b)
+                    side.start[static_cast<std::size_t>(b) + 1] += side.start[static_cast<std::size_t>(b)];
+                if (!side.list.resize(static_cast<std::size_t>(side.start[static_cast<std::size_t>(side.buckets)])))
+                    return false;
+            } else {
+                for (int b = side.buckets; b > 0; --b)
+                    side.start[static_cast<std::size_t>(b)] = side.start[static_cast<std::size_t>(b) - 1];
+                side.start[0] = 0;
+            }
+        }
+    }
+    return true;
+}
+
+int SideLocator::sideOf(double x, double y) const
+{
+    const bool inX = x >= rect_[0] - tol_ && x <= rect_[2] + tol_;
+    const bool inY = y >= rect_[1] - tol_ && y <= rect_[3] + tol_;
+    if (inX && std::fabs(y - rect_[1]) <= tol_) return 0;
+    if (inY && std::fabs(x - rect_[2]) <= tol_) return 1;
+    if (inX && std::fabs(y - rect_[3]) <= tol_) return 2;
+    if (inY && std::fabs(x - rect_[0]) <= tol_) return 3;
+    return -1;
+}
+
+// The whole count for one point, every edge that can take part evaluated.
+void SideLocator::full(const double* s, const double* e)
+{
+    double cut[2];
+    prevOnEdge_ = false;
+    prevCrossings_ = 0;
+    for (int k = 0; k < edges_; ++k) {
+        const double* c = xy_ + 2 * ends_[2 * k];
+        const double* d = xy_ + 2 * ends_[2 * k + 1];
+        if (!prevOnEdge_ && MayLieOn(s[0], s[1], c, d) && PointOnSegment(s[0], s[1], c, d)) prevOnEdge_ = true;
+        const double wc = (c[0] - s[0]) * f_.sinL - (c[1] - s[1]) * f_.cosL;
+        const double wd = (d[0] - s[0]) * f_.sinL - (d[1] - s[1]) * f_.cosL;
+        if ((wc > mu_ && wd > mu_) || (wc < -mu_ && wd < -mu_)) continue;
+        prevCrossings_ += RayCrossesEdge(s, e, c, d, cut);
+    }
+}
+
+// Edges with an end in the strip [w0, w1] or near the side piece [a0, a1].
+bool SideLocator::collect(int side, double w0, double w1, double a0, double a1)
+{
+    ++stamp_;
+    picked_.clear();
+    auto pick = [&](int e) {
+        if (mark_[static_cast<std::size_t>(e)] == stamp_) return true;
+        mark_[static_cast<std::size_t>(e)] = stamp_;
+        return picked_.push(e);
+    };
+    // First key with w >= w0 - mu.
+    int lo = 0, hi = 2 * edges_;
+    while (lo < hi) {
+        const int mid = lo + (hi - lo) / 2;
+        if (byW_[static_cast<std::size_t>(mid)].w < w0 - mu_)
+            lo = mid + 1;
+        else
+            hi = mid;
+    }
+    for (int i = lo; i < 2 * edges_ && byW_[static_cast<std::size_t>(i)].w <= w1 + mu_; ++i)
+        if (!pick(byW_[static_cast<std::size_t>(i)].edge)) return false;
+    const Side& sd = sides_[side];
+    auto bucketOf = [&](double a) {
+        const double k = std::floor((a - sd.base) / sd.width);
+        if (!(k > 0.0)) return 0;
+        if (k >= sd.buckets - 1) return sd.buckets - 1;
+        return static_cast<int>(k);
+    };
+    for (int b = bucketOf(a0 - nearMargin_); b <= bucketOf(a1 + nearMargin_); ++b)
+        for (int i = sd.start[static_cast<std::size_t>(b)]; i < sd.start[static_cast<std::size_t>(b) + 1]; ++i)
+            if (!pick(sd.list[static_cast<std::size_t>(i)])) return false;
+    return true;
+}
+
+int SideLocator::outside(double x, double y)
+{
+    if (points_ < 2 || OutsideProbeBox(f_, x, y)) {
+        havePrev_ = false;
+        return 1;
+    }
+    const double s[2] = {x, y};
+    double e[2];
+    ProbeRayEnd(f_, x, y, e);
+    const int side = sweepable_ ? sideOf(x, y) : -1;
+    // The ray must leave the box with room to spare, or a crossing near its
+    // end could be judged differently for the two rays.
+    const bool endClear = e[0] < f_.minX - nearMargin_ || e[0] > f_.maxX + nearMargin_ ||
+                          e[1] < f_.minY - nearMargin_ || e[1] > f_.maxY + nearMargin_;
+    if (havePrev_ && side >= 0 && side == prevSide_ && endClear) {
+        const int ax = sides_[side].axis;
+        const double a0 = prevS_[ax] < s[ax] ? prevS_[ax] : s[ax];
+        const double a1 = prevS_[ax] < s[ax] ? s[ax] : prevS_[ax];
+        const double wp = wOf(prevS_), wn = wOf(s);
+        if (!collect(side, wp < wn ? wp : wn, wp < wn ? wn : wp, a0, a1)) return kNoMemory;
+        double cut[2];
+        bool onEdge = false;
+        for (std::size_t i = 0; i < picked_.size(); ++i) {
+            const int k = picked_[i];
+            const double* c = xy_ + 2 * ends_[2 * k];
+            const double* d = xy_ + 2 * ends_[2 * k + 1];
+            prevCrossings_ += RayCrossesEdge(s, e, c, d, cut) - RayCrossesEdge(prevS_, prevE_, c, d, cut);
+            if (!onEdge && PointOnSegment(x, y, c, d)) onEdge = true;
+        }
+        prevOnEdge_ = onEdge;
+    } else {
+        full(s, e);
+    }
+    havePrev_ = side >= 0 && endClear;
+    prevSide_ = side;
+    prevS_[0] = s[0];
+    prevS_[1] = s[1];
+    prevE_[0] = e[0];
+    prevE_[1] = e[1];
+    if (prevOnEdge_) return 0;
+    return (prevCrossings_ & 1) ? 0 : 1;
+}
+
+}  // namespace clipwork
+}  // namespace qel
