@@ -46,9 +46,12 @@ int RayCrossesEdge(const double* s, const double* e, const double* c, const doub
     x[1] = (a2 * c1 - a1 * c2) * r;
 
     if (PointsCoincide(x[0], x[1], s)) return 0;
-    const double theta = qel::atan2(e[1] - s[1], e[0] - s[0]);
-    if (PointOnSegment(c[0], c[1], s, e)) return LeavesClockwise(theta, d[1] - c[1], d[0] - c[0]);
-    if (PointOnSegment(d[0], d[1], s, e)) return LeavesClockwise(theta, c[1] - d[1], c[0] - d[0]);
+    // The ray's direction theta = atan2(e.y - s.y, e.x - s.x) is needed only
+    // when an end of the edge lies on the ray.
+    if (PointOnSegment(c[0], c[1], s, e))
+        return LeavesClockwise(qel::atan2(e[1] - s[1], e[0] - s[0]), d[1] - c[1], d[0] - c[0]);
+    if (PointOnSegment(d[0], d[1], s, e))
+        return LeavesClockwise(qel::atan2(e[1] - s[1], e[0] - s[0]), c[1] - d[1], c[0] - d[0]);
     return (WithinRange(x, s, e) && WithinRange(x, c, d)) ? 1 : 0;
 }
 

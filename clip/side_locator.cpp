@@ -107,6 +107,8 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
         // Count, then fill: edge e is near when its box, widened by its reach,
         // meets the side's box widened by the near margin.
         int near = 0;
+        // Only the piece of an edge inside the slab along the side matters:
+        // a long slanted edge is near the side over a short stretch.
         auto reachOf = [&](int e, double* alo, double* ahi) {
             const double* c = xy + 2 * ends[2 * e];
             const double* d = xy + 2 * ends[2 * e + 1];
@@ -114,12 +116,31 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
             const double len = std::sqrt(dx * dx + dy * dy);
             const double run = std::fabs(dx) >= kAxis ? std::fabs(dx) : std::fabs(dy);
             const double reach = (run > 0.0 ? band + (2e-3 + band) * len / run : 0.0) + nearMargin_;
-            const int across = 1 - side.axis;
-            const double clo = (c[across] < d[across] ? c[across] : d[across]) - reach;
-            const double chi = (c[across] < d[across] ? d[across] : c[across]) + reach;
-            if (chi < fixedAt - nearMargin_ || clo > fixedAt + nearMargin_) return false;
-            *alo = (c[side.axis] < d[side.axis] ? c[side.axis] : d[side.axis]) - reach;
-            *ahi = (c[side.axis] < d[side.axis] ? d[side.axis] : c[side.axis]) + reach;
+            const int across = 1 - side.axis, along = side.axis;
+            const double slabLo = fixedAt - reach - tol_, slabHi = fixedAt + reach + tol_;
+            const double ca = c[across], da = d[across];
+            if ((ca < slabLo && da < slabLo) || (ca > slabHi && da > slabHi)) return false;
+            double t0 = 0.0, t1 = 1.0;
+            const double span = da - ca;
+            if (std::fabs(span) > 1e-9 * (std::fabs(ca) + std::fabs(da) + 1.0)) {
+                double u0 = (slabLo - ca) / span, u1 = (slabHi - ca) / span;
+                if (u0 > u1) {
+                    const double t = u0;
+                    u0 = u1;
+                    u1 = t;
+                }
+                // Widened so that rounding of the parameters cannot cut the piece short.
+                u0 -= 1e-9;
+                u1 += 1e-9;
+                if (u0 > t0) t0 = u0;
+                if (u1 < t1) t1 = u1;
+                if (t0 > t1) return false;
+            }
+            const double b0 = c[along] + t0 * (d[along] - c[along]);
+            const double b1 = c[along] + t1 * (d[along] - c[along]);
+            const double pad = reach + 1e-9 * (std::fabs(c[along]) + std::fabs(d[along]) + 1.0);
+            *alo = (b0 < b1 ? b0 : b1) - pad;
+            *ahi = (b0 < b1 ? b1 : b0) + pad;
             return !(*ahi < lo - nearMargin_ || *alo > hi + nearMargin_);
         };
         double alo, ahi;
