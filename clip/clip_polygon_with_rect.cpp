@@ -69,7 +69,7 @@ bool BuildClosed(Graph& g, const Coord* pts, int n)
     s = s + (xl - static_cast<double>(pts[0])) * (yl + static_cast<double>(pts[1]));
     const int start = (s > 0.0) ? 0 : n - 1;
     const int step = (s > 0.0) ? 1 : -1;
-    if (!g.ends.reserve(2 * static_cast<std::size_t>(n))) return false;
+    if (!g.ends.reserve(2 * static_cast<std::size_t>(n)) || !g.pts.reserve(n)) return false;
     int prev = g.pts.add(static_cast<double>(pts[2 * start]), static_cast<double>(pts[2 * start + 1]));
     if (prev < 0) return false;
     for (int m = 0, i = start; m < n; ++m, i += step) {
@@ -82,6 +82,15 @@ bool BuildClosed(Graph& g, const Coord* pts, int n)
     }
     return prev == 0 || g.add_edge(prev, 0);
 }
+
+// The input polygon's graph as first built, kept unchanged for locating.
+struct Snapshot {
+    Buffer<double> xy;
+    Buffer<int> ends;
+    int points() const { return static_cast<int>(xy.size() / 2); }
+    int edge_count() const { return static_cast<int>(ends.size() / 2); }
+    const double* at(int i) const { return xy.data() + 2 * i; }
+};
 
 struct Bounds {
     double minX, minY, maxX, maxY;
@@ -142,13 +151,13 @@ int LocateExact(const Graph& g, const qel::ProbeFrame& f, double x, double y)
 // range on the range axis, and the ray can cross an edge only when the edge
 // reaches within the far margin of the ray's line.
 struct PolygonLocator {
-    const Graph* g;
+    const Snapshot* g;
     qel::ProbeFrame f;
     double frameAbs;
 
     int locate(double x, double y) const
     {
-        if (g->pts.count() < 2 || qel::OutsideProbeBox(f, x, y)) return -2;
+        if (g->points() < 2 || qel::OutsideProbeBox(f, x, y)) return -2;
         const double s[2] = {x, y};
         double e[2], cut[2];
         qel::ProbeRayEnd(f, x, y, e);
@@ -159,8 +168,8 @@ struct PolygonLocator {
         unsigned crossings = 0;
         const int* ends = g->ends.data();
         for (int k = 0; k < g->edge_count(); ++k) {
-            const double* c = g->pts.at(ends[2 * k]);
-            const double* d = g->pts.at(ends[2 * k + 1]);
+            const double* c = g->at(ends[2 * k]);
+            const double* d = g->at(ends[2 * k + 1]);
             if (MayHold(x, y, c, d) && qel::PointOnSegment(x, y, c, d)) return k;
             const double wc = (c[0] - x) * f.sinL - (c[1] - y) * f.cosL;
             const double wd = (d[0] - x) * f.sinL - (d[1] - y) * f.cosL;
@@ -250,6 +259,10 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     const double rx1 = x1, ry1 = y1, rx2 = x2, ry2 = y2;
     if (rx2 <= gb.minX || gb.minY >= ry2 || gb.maxX <= rx1 || gb.maxY <= ry1) return -1;
     if (gb.maxX <= rx2 && gb.maxY <= ry2 && rx1 <= gb.minX && ry1 <= gb.minY) return -2;
+
+    Snapshot g2;
+    if (!g2.xy.resize(2 * static_cast<std::size_t>(g.pts.count())) || !g2.ends.copy_from(g.ends)) return kFail;
+    for (std::size_t i = 0; i < g2.xy.size(); ++i) g2.xy[i] = g.pts.coords()[i];
 
     // 5: the rectangle's corners and its graph.
     PointSet r;
@@ -389,11 +402,9 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         if (!BuildClosed(outline, xy.data(), r2.count())) return kFail;
     }
     // The input polygon's graph, for locating outline points.
-    Graph g2;
     PolygonLocator locator;
     {
-        if (!BuildClosed(g2, pts, n)) return kFail;
-        const Bounds b = BoundsOf(g2.pts);
+        const Bounds b = gb;
         qel::MakeProbeFrame(b.minX, b.minY, b.maxX, b.maxY, &locator.f);
         locator.g = &g2;
         locator.frameAbs = MaxAbs(b.minX, b.minY, b.maxX, b.maxY);
@@ -409,8 +420,8 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const int h = r2Hint[static_cast<std::size_t>(r2.find(p[0], p[1]))];
             bool in = false;
             if (h >= 0) {
-                const double* c = g2.pts.at(g2.ends[2 * static_cast<std::size_t>(h)]);
-                const double* d = g2.pts.at(g2.ends[2 * static_cast<std::size_t>(h) + 1]);
+                const double* c = g2.at(g2.ends[2 * static_cast<std::size_t>(h)]);
+                const double* d = g2.at(g2.ends[2 * static_cast<std::size_t>(h) + 1]);
                 in = qel::PointOnSegment(p[0], p[1], c, d) != 0;
             }
             if (!in) in = locator.locate(p[0], p[1]) != -2;
@@ -419,7 +430,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         if (!DropPoints(outline, keep.data())) return kFail;
         SideLocator sides;
         const double rect[4] = {rx1, ry1, rx2, ry2};
-        if (!sides.init(g2.pts.at(0), g2.pts.count(), g2.ends.data(), g2.edge_count(), locator.f, rect))
+        if (!sides.init(g2.at(0), g2.points(), g2.ends.data(), g2.edge_count(), locator.f, rect))
             return kFail;
         std::size_t m = 0;
         for (std::size_t e = 0; e + 1 < outline.ends.size(); e += 2) {
@@ -465,8 +476,8 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     int live = 0;
     for (int e = 0; e < g.edge_count(); ++e) live += dead[static_cast<std::size_t>(e)] ? 0 : 1;
     if (live == 0) {
-        for (int i = 0; i < g2.pts.count(); ++i) {
-            const double* p = g2.pts.at(i);
+        for (int i = 0; i < g2.points(); ++i) {
+            const double* p = g2.at(i);
             if (rx1 < p[0] && p[0] < rx2 && ry1 < p[1] && p[1] < ry2) return -2;
         }
         for (int i = 0; i < 4; ++i)

@@ -15,11 +15,13 @@ namespace clipwork {
 
 namespace {
 
+// Cells are centred on multiples of 1/256, so integer points sit in the
+// middle of theirs. Exact: scaling by a power of two and adding one half.
 std::int64_t CellOf(double v)
 {
-    // Exact: scaling by a power of two. Coordinates of the clipper stay far
-    // inside the clamp, which only keeps the conversion defined.
-    double c = std::floor(v * 256.0);
+    // Coordinates of the clipper stay far inside the clamp, which only keeps
+    // the conversion defined.
+    double c = std::floor(v * 256.0 + 0.5);
     if (!(c > -4.0e18)) c = -4.0e18;
     if (c > 4.0e18) c = 4.0e18;
     return static_cast<std::int64_t>(c);
@@ -46,13 +48,28 @@ std::size_t PointSet::slot(std::int64_t cx, std::int64_t cy) const
     }
 }
 
+// A neighbouring cell can hold a coinciding point only when the query lies
+// within 0.001 (0.256 cells) of the common border; 0.26 leaves room for the
+// rounding of the squared distance.
+void Reach(double v, std::int64_t* lo, std::int64_t* hi)
+{
+    const double scaled = v * 256.0 + 0.5;
+    const double c = std::floor(scaled);
+    const double frac = scaled - c;
+    const std::int64_t k = CellOf(v);
+    *lo = (frac < 0.26) ? k - 1 : k;
+    *hi = (frac > 0.74) ? k + 1 : k;
+}
+
 int PointSet::find(double x, double y) const
 {
     if (table_.size() == 0) return -1;
-    const std::int64_t cx = CellOf(x), cy = CellOf(y);
+    std::int64_t x0, x1, y0, y1;
+    Reach(x, &x0, &x1);
+    Reach(y, &y0, &y1);
     int best = -1;
-    for (std::int64_t i = cx - 1; i <= cx + 1; ++i)
-        for (std::int64_t j = cy - 1; j <= cy + 1; ++j) {
+    for (std::int64_t i = x0; i <= x1; ++i)
+        for (std::int64_t j = y0; j <= y1; ++j) {
             const Cell& c = table_[slot(i, j)];
             for (int p = c.head; p >= 0; p = next_[static_cast<std::size_t>(p)])
                 if ((best < 0 || p < best) && PointsCoincide(x, y, at(p))) best = p;
@@ -72,10 +89,18 @@ void PointSet::link(int i)
     c.head = i;
 }
 
-bool PointSet::grow()
+bool PointSet::reserve(int points)
+{
+    if (!xy_.reserve(2 * static_cast<std::size_t>(points)) || !next_.reserve(static_cast<std::size_t>(points)))
+        return false;
+    return grow(points);
+}
+
+bool PointSet::grow(int atLeast)
 {
     std::size_t n = 16;
-    while (n < 2 * (static_cast<std::size_t>(count()) + 1)) n *= 2;
+    const std::size_t want = static_cast<std::size_t>(count() > atLeast ? count() : atLeast) + 1;
+    while (n < 2 * want) n *= 2;
     table_.clear();
     if (!table_.assign(n, Cell{0, 0, -1})) return false;
     for (int i = 0; i < count(); ++i) link(i);

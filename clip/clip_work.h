@@ -110,6 +110,9 @@ public:
     // Keeps the points whose keep flag is set, in order; newIndex receives
     // each old index's new one (-1 for dropped points).
     bool compact(const unsigned char* keep, Buffer<int>& newIndex);
+    // Room for this many points without regrowing.
+    bool reserve(int points);
+    const double* coords() const { return xy_.data(); }
 
 private:
     struct Cell {
@@ -117,7 +120,7 @@ private:
         int head;   // newest point of the cell; -1 marks an empty slot
     };
     std::size_t slot(std::int64_t cx, std::int64_t cy) const;
-    bool grow();
+    bool grow(int atLeast = 0);
     void link(int i);
 
     Buffer<double> xy_;
