@@ -49,6 +49,8 @@ std::string Describe(const clipcases::Case& c)
     return s;
 }
 
+int g_clipped = 0;   // cases with contours, so that no suite is vacuous
+
 void ExpectSame(const clipcases::Case& c)
 {
     testalloc::Scope scope;
@@ -56,10 +58,12 @@ void ExpectSame(const clipcases::Case& c)
     const Result p = Plain(c);
     ASSERT_TRUE(f == p) << Describe(c) << "\nfast code " << f.code << " plain code " << p.code;
     EXPECT_EQ(scope.leaked(), 0u);
+    g_clipped += f.code > 0 ? 1 : 0;
 }
 
 TEST(ClipEquivalence, StarShapedAndConvex)
 {
+    g_clipped = 0;
     std::mt19937 rng(20261123);
     for (int i = 0; i < 1500; ++i) {
         clipcases::Case c;
@@ -71,10 +75,12 @@ TEST(ClipEquivalence, StarShapedAndConvex)
         ExpectSame(c);
         if (HasFatalFailure()) return;
     }
+    EXPECT_GE(g_clipped, 500);
 }
 
 TEST(ClipEquivalence, OrthogonalWithNotchesAcrossTheSides)
 {
+    g_clipped = 0;
     std::mt19937 rng(7);
     for (int i = 0; i < 2000; ++i) {
         clipcases::Case c;
@@ -84,10 +90,12 @@ TEST(ClipEquivalence, OrthogonalWithNotchesAcrossTheSides)
         ExpectSame(c);
         if (HasFatalFailure()) return;
     }
+    EXPECT_GE(g_clipped, 500);
 }
 
 TEST(ClipEquivalence, TinyPolygonsOnTheRectangle)
 {
+    g_clipped = 0;
     // Few vertices in a small range: vertices on sides and corners, edges
     // along the sides, degenerate and self-touching polygons.
     std::mt19937 rng(99);
@@ -100,6 +108,51 @@ TEST(ClipEquivalence, TinyPolygonsOnTheRectangle)
         ExpectSame(c);
         if (HasFatalFailure()) return;
     }
+    EXPECT_GE(g_clipped, 300);
+}
+
+TEST(ClipEquivalence, SpikyStarsAcrossAllSides)
+{
+    g_clipped = 0;
+    // Many crossings per side: the outline is long and its points are
+    // located one after the other along the sides.
+    std::mt19937 rng(4242);
+    for (int i = 0; i < 40; ++i) {
+        clipcases::Case c;
+        const int n = 100 + static_cast<int>(rng() % 300);
+        c.pts = clipcases::Star(rng, n, 300.0, 1000.0, 0.0, 0.0);
+        const int h = 450 + static_cast<int>(rng() % 300);
+        c.x1 = -h + static_cast<int>(rng() % 50);
+        c.y1 = -h;
+        c.x2 = h;
+        c.y2 = h - static_cast<int>(rng() % 50);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 40);
+}
+
+TEST(ClipEquivalence, LargeCoordinates)
+{
+    g_clipped = 0;
+    // Far from the origin and spread wide: the skipping margins grow and
+    // must still never skip a test that could succeed.
+    std::mt19937 rng(555);
+    for (int i = 0; i < 300; ++i) {
+        clipcases::Case c;
+        const double scale = (i % 2) ? 1.0e5 : 3.0e3;
+        const double cx = (i % 3 == 0) ? 2.0e9 : -1.5e9;
+        c.pts = clipcases::Star(rng, 3 + static_cast<int>(rng() % 30), 0.2 * scale, scale, cx, 1.0e9);
+        clipcases::Disturb(rng, c.pts);
+        const int h = static_cast<int>(0.6 * scale);
+        c.x1 = static_cast<int>(cx) - h + static_cast<int>(rng() % 7);
+        c.x2 = static_cast<int>(cx) + h;
+        c.y1 = 1000000000 - h;
+        c.y2 = 1000000000 + h - static_cast<int>(rng() % 7);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 100);
 }
 
 // Area of the orthogonal polygon p inside the rectangle, by unit cells.
