@@ -15,15 +15,21 @@
 // rounded to floor(v + 0.5).
 //
 // Every decision is that of the plain procedure with linear lists; only the
-// searching is faster: points sit in a grid on the coincidence scale that
-// returns the lowest coinciding index; the side crossings skip polygon edges
-// whose box lies farther from the side than any rounding can bridge; a point
-// of the outline is first tried against the polygon edge it came from, and
-// the full location counts probe-ray crossings only over edges that reach
-// the ray's line within a margin; the chain walk finds the first remaining
-// edge at a vertex through per-vertex lists in edge order. The margins grow
-// with the coordinates' magnitude and the polygon's size, so that a skipped
-// test could not have come out otherwise.
+// searching is faster:
+//  - points sit in a grid on the coincidence scale that returns the lowest
+//    coinciding index, as the linear search does;
+//  - the side crossings skip polygon edges whose box lies farther from the
+//    side than any rounding can bridge;
+//  - an outline point is first tried against the polygon edge it came from;
+//    a full location counts probe-ray crossings only over edges that reach
+//    the ray's line within a margin;
+//  - the midpoints of the outline edges, taken along the sides, correct the
+//    previous midpoint's count over the few edges that can tell the two rays
+//    apart (side_locator.h);
+//  - the chain walk finds the first remaining edge at a vertex through
+//    per-vertex lists in edge order.
+// The margins grow with the coordinates' magnitude and the polygon's size,
+// so that a skipped test could not have come out otherwise.
 //
 // Results: k >= 1 contours (outPts and outCounts written, owned by the
 // caller, freed with mem_free); -1 nothing inside, no closed contour, bad
