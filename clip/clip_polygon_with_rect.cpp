@@ -423,7 +423,8 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         if (!keep.resize(static_cast<std::size_t>(outline.pts.count()))) return kFail;
         for (int i = 0; i < outline.pts.count(); ++i) {
             const double* p = outline.pts.at(i);
-            const int h = r2Hint[static_cast<std::size_t>(r2.find(p[0], p[1]))];
+            const int at = r2.find(p[0], p[1]);
+            const int h = at < 0 ? -1 : r2Hint[static_cast<std::size_t>(at)];
             bool in = false;
             if (h >= 0) {
                 const double* c = g2.at(g2.ends[2 * static_cast<std::size_t>(h)]);
