@@ -36,6 +36,7 @@
 // arguments (n <= 0, x1 >= x2 or y1 >= y2) or no memory; -2 the polygon lies
 // inside the rectangle; -3 the rectangle lies inside the polygon. On every
 // negative result nothing is written and every block taken is given back.
+#include <algorithm>
 #include <cmath>
 
 #include "QELMath.h"
@@ -206,31 +207,6 @@ struct SideCut {
     int j;
 };
 
-void SortCuts(SideCut* a, int n)
-{
-    // Heap sort on (d, j): no allocation, n log n.
-    auto less = [](const SideCut& p, const SideCut& q) { return p.d < q.d || (p.d == q.d && p.j < q.j); };
-    auto sift = [&](int i, int len) {
-        for (;;) {
-            int c = 2 * i + 1;
-            if (c >= len) return;
-            if (c + 1 < len && less(a[c], a[c + 1])) ++c;
-            if (!less(a[i], a[c])) return;
-            const SideCut t = a[i];
-            a[i] = a[c];
-            a[c] = t;
-            i = c;
-        }
-    };
-    for (int i = n / 2 - 1; i >= 0; --i) sift(i, n);
-    for (int len = n - 1; len > 0; --len) {
-        const SideCut t = a[0];
-        a[0] = a[len];
-        a[len] = t;
-        sift(0, len);
-    }
-}
-
 double SquaredDistance(const double* p, const double* a)
 {
     const double dx = p[0] - a[0];
@@ -381,7 +357,9 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
                 const double d = SquaredDistance(p, a);
                 if (d < whole && !cuts.push(SideCut{d, j})) return kFail;
             }
-            SortCuts(cuts.data(), static_cast<int>(cuts.size()));
+            std::sort(cuts.data(), cuts.data() + cuts.size(), [](const SideCut& p, const SideCut& q) {
+                return p.d < q.d || (p.d == q.d && p.j < q.j);
+            });
             bool reachedEnd = false;
             for (std::size_t i = 0; i < cuts.size() && !reachedEnd; ++i) {
                 const int j = cuts[i].j;
@@ -457,7 +435,8 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     Buffer<unsigned char> dead;
     {
         PairIndex pairs;
-        if (!dead.assign(static_cast<std::size_t>(g.edge_count()), 0)) return kFail;
+        const int expected = g.edge_count() + outline.edge_count();
+        if (!dead.assign(static_cast<std::size_t>(g.edge_count()), 0) || !pairs.reserve(expected)) return kFail;
         for (int e = 0; e < g.edge_count(); ++e)
             if (!pairs.insert(g.ends[2 * static_cast<std::size_t>(e)],
                               g.ends[2 * static_cast<std::size_t>(e) + 1], e))

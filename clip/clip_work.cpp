@@ -43,8 +43,10 @@ std::size_t PointSet::slot(std::int64_t cx, std::int64_t cy) const
     std::size_t h = static_cast<std::size_t>(
         Mix(static_cast<std::uint64_t>(cx) * 0xC2B2AE3D27D4EB4Full ^ static_cast<std::uint64_t>(cy)));
     for (h &= mask;; h = (h + 1) & mask) {
-        const Cell& c = table_[h];
-        if (c.head < 0 || (c.cx == cx && c.cy == cy)) return h;
+        const int head = table_[h];
+        if (head < 0) return h;
+        const double* p = at(head);
+        if (CellOf(p[0]) == cx && CellOf(p[1]) == cy) return h;
     }
 }
 
@@ -70,8 +72,7 @@ int PointSet::find(double x, double y) const
     int best = -1;
     for (std::int64_t i = x0; i <= x1; ++i)
         for (std::int64_t j = y0; j <= y1; ++j) {
-            const Cell& c = table_[slot(i, j)];
-            for (int p = c.head; p >= 0; p = next_[static_cast<std::size_t>(p)])
+            for (int p = table_[slot(i, j)]; p >= 0; p = next_[static_cast<std::size_t>(p)])
                 if ((best < 0 || p < best) && PointsCoincide(x, y, at(p))) best = p;
         }
     return best;
@@ -80,13 +81,9 @@ int PointSet::find(double x, double y) const
 void PointSet::link(int i)
 {
     const double* p = at(i);
-    Cell& c = table_[slot(CellOf(p[0]), CellOf(p[1]))];
-    if (c.head < 0) {
-        c.cx = CellOf(p[0]);
-        c.cy = CellOf(p[1]);
-    }
-    next_[static_cast<std::size_t>(i)] = c.head;
-    c.head = i;
+    int& head = table_[slot(CellOf(p[0]), CellOf(p[1]))];
+    next_[static_cast<std::size_t>(i)] = head;
+    head = i;
 }
 
 bool PointSet::reserve(int points)
@@ -102,7 +99,7 @@ bool PointSet::grow(int atLeast)
     const std::size_t want = static_cast<std::size_t>(count() > atLeast ? count() : atLeast) + 1;
     while (n < 2 * want) n *= 2;
     table_.clear();
-    if (!table_.assign(n, Cell{0, 0, -1})) return false;
+    if (!table_.assign(n, -1)) return false;
     for (int i = 0; i < count(); ++i) link(i);
     return true;
 }
@@ -162,6 +159,14 @@ std::size_t PairIndex::find_slot(std::uint64_t key) const
         const Slot& s = table_[h];
         if (s.head < 0 || s.key == key) return h;
     }
+}
+
+bool PairIndex::reserve(int edges)
+{
+    if (!next_.reserve(static_cast<std::size_t>(edges))) return false;
+    while (table_.size() < 2 * static_cast<std::size_t>(edges) + 2)
+        if (!grow()) return false;
+    return true;
 }
 
 bool PairIndex::grow()

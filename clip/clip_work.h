@@ -115,17 +115,14 @@ public:
     const double* coords() const { return xy_.data(); }
 
 private:
-    struct Cell {
-        std::int64_t cx, cy;
-        int head;   // newest point of the cell; -1 marks an empty slot
-    };
     std::size_t slot(std::int64_t cx, std::int64_t cy) const;
     bool grow(int atLeast = 0);
     void link(int i);
 
     Buffer<double> xy_;
-    Buffer<int> next_;   // next point of the same cell
-    Buffer<Cell> table_;
+    Buffer<int> next_;    // next point of the same cell
+    Buffer<int> table_;   // newest point of a cell (its key is that point's
+                          // cell); -1 marks an empty slot
 };
 
 // Edges indexed by their unordered pair of end points; the edges of one pair
@@ -133,6 +130,8 @@ private:
 class PairIndex {
 public:
     bool insert(int a, int b, int edge);
+    // Room for this many edges (and pairs) without regrowing.
+    bool reserve(int edges);
     // Lowest edge of the pair {a, b} whose dead flag is clear, or -1.
     int first_live(int a, int b, const unsigned char* dead) const;
 

@@ -9,41 +9,13 @@
 // ray's range test reads one coordinate of the distance along the ray.
 #include "clip/side_locator.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace qel {
 namespace clipwork {
 
 namespace {
-
-void SortKeys(void* data, int n)
-{
-    struct K {
-        double w;
-        int edge;
-    };
-    K* a = static_cast<K*>(data);
-    auto less = [](const K& p, const K& q) { return p.w < q.w || (p.w == q.w && p.edge < q.edge); };
-    auto sift = [&](int i, int len) {
-        for (;;) {
-            int c = 2 * i + 1;
-            if (c >= len) return;
-            if (c + 1 < len && less(a[c], a[c + 1])) ++c;
-            if (!less(a[i], a[c])) return;
-            const K t = a[i];
-            a[i] = a[c];
-            a[c] = t;
-            i = c;
-        }
-    };
-    for (int i = n / 2 - 1; i >= 0; --i) sift(i, n);
-    for (int len = n - 1; len > 0; --len) {
-        const K t = a[0];
-        a[0] = a[len];
-        a[len] = t;
-        sift(0, len);
-    }
-}
 
 double Larger(double a, double b) { return a < b ? b : a; }
 
@@ -94,7 +66,8 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
         byW_[2 * static_cast<std::size_t>(e)] = Key{wOf(xy + 2 * ends[2 * e]), e};
         byW_[2 * static_cast<std::size_t>(e) + 1] = Key{wOf(xy + 2 * ends[2 * e + 1]), e};
     }
-    SortKeys(byW_.data(), 2 * edges);
+    std::sort(byW_.data(), byW_.data() + 2 * static_cast<std::size_t>(edges),
+              [](const Key& p, const Key& q) { return p.w < q.w || (p.w == q.w && p.edge < q.edge); });
 
     // Edges near each side, bucketed along it.
     const double band = 1e-6 + 1e-12 * (mag_ + L);
