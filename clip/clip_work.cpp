@@ -37,16 +37,17 @@ std::uint64_t Mix(std::uint64_t h)
 
 }  // namespace
 
-std::size_t PointSet::slot(std::int64_t cx, std::int64_t cy) const
+static std::uint64_t CellKey(std::int64_t cx, std::int64_t cy)
+{
+    return Mix(Mix(static_cast<std::uint64_t>(cx)) ^ (static_cast<std::uint64_t>(cy) * 0xC2B2AE3D27D4EB4Full));
+}
+
+std::size_t PointSet::slot(std::uint64_t key) const
 {
     const std::size_t mask = table_.size() - 1;
-    std::size_t h = static_cast<std::size_t>(
-        Mix(static_cast<std::uint64_t>(cx) * 0xC2B2AE3D27D4EB4Full ^ static_cast<std::uint64_t>(cy)));
-    for (h &= mask;; h = (h + 1) & mask) {
-        const int head = table_[h];
-        if (head < 0) return h;
-        const double* p = at(head);
-        if (CellOf(p[0]) == cx && CellOf(p[1]) == cy) return h;
+    for (std::size_t h = static_cast<std::size_t>(key) & mask;; h = (h + 1) & mask) {
+        const Slot& s = table_[h];
+        if (s.head < 0 || s.key == key) return h;
     }
 }
 
@@ -72,7 +73,7 @@ int PointSet::find(double x, double y) const
     int best = -1;
     for (std::int64_t i = x0; i <= x1; ++i)
         for (std::int64_t j = y0; j <= y1; ++j) {
-            for (int p = table_[slot(i, j)]; p >= 0; p = next_[static_cast<std::size_t>(p)])
+            for (int p = table_[slot(CellKey(i, j))].head; p >= 0; p = next_[static_cast<std::size_t>(p)])
                 if ((best < 0 || p < best) && PointsCoincide(x, y, at(p))) best = p;
         }
     return best;
@@ -81,9 +82,11 @@ int PointSet::find(double x, double y) const
 void PointSet::link(int i)
 {
     const double* p = at(i);
-    int& head = table_[slot(CellOf(p[0]), CellOf(p[1]))];
-    next_[static_cast<std::size_t>(i)] = head;
-    head = i;
+    const std::uint64_t key = CellKey(CellOf(p[0]), CellOf(p[1]));
+    Slot& s = table_[slot(key)];
+    s.key = key;
+    next_[static_cast<std::size_t>(i)] = s.head;
+    s.head = i;
 }
 
 bool PointSet::reserve(int points)
@@ -99,7 +102,7 @@ bool PointSet::grow(int atLeast)
     const std::size_t want = static_cast<std::size_t>(count() > atLeast ? count() : atLeast) + 1;
     while (n < 2 * want) n *= 2;
     table_.clear();
-    if (!table_.assign(n, -1)) return false;
+    if (!table_.assign(n, Slot{0, -1})) return false;
     for (int i = 0; i < count(); ++i) link(i);
     return true;
 }
@@ -164,9 +167,10 @@ std::size_t PairIndex::find_slot(std::uint64_t key) const
 bool PairIndex::reserve(int edges)
 {
     if (!next_.reserve(static_cast<std::size_t>(edges))) return false;
-    while (table_.size() < 2 * static_cast<std::size_t>(edges) + 2)
-        if (!grow()) return false;
-    return true;
+    if (used_ != 0) return true;
+    std::size_t n = 16;
+    while (n < 2 * static_cast<std::size_t>(edges) + 2) n *= 2;
+    return n <= table_.size() || table_.assign(n, Slot{0, -1, -1});
 }
 
 bool PairIndex::grow()

@@ -115,14 +115,20 @@ public:
     const double* coords() const { return xy_.data(); }
 
 private:
-    std::size_t slot(std::int64_t cx, std::int64_t cy) const;
+    // Cells are told apart by a 64-bit hash of their coordinates; cells that
+    // share a hash share a chain, which only adds candidates to a search
+    // that tests every candidate for coincidence anyway.
+    struct Slot {
+        std::uint64_t key;
+        int head;   // newest point of the cell; -1 marks an empty slot
+    };
+    std::size_t slot(std::uint64_t key) const;
     bool grow(int atLeast = 0);
     void link(int i);
 
     Buffer<double> xy_;
-    Buffer<int> next_;    // next point of the same cell
-    Buffer<int> table_;   // newest point of a cell (its key is that point's
-                          // cell); -1 marks an empty slot
+    Buffer<int> next_;   // next point of the same cell
+    Buffer<Slot> table_;
 };
 
 // Edges indexed by their unordered pair of end points; the edges of one pair
