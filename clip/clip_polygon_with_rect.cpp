@@ -351,9 +351,14 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             if (!addToR2(a, -1)) return kFail;
             const double whole = SquaredDistance(b, a);
             cuts.clear();
+            // A point farther than 0.001 from the side's line is off its line
+            // band (5e-7) whatever the rounding of the band test.
+            const int across = (s % 2 == 0) ? 1 : 0;
             for (int j = 4; j < r.count(); ++j) {
                 const double* p = r.at(j);
-                if (taken[static_cast<std::size_t>(j)] || !qel::PointOnSegment(p[0], p[1], a, b)) continue;
+                if (taken[static_cast<std::size_t>(j)] || std::fabs(p[across] - a[across]) > 1e-3 + 1e-12 * mag ||
+                    !qel::PointOnSegment(p[0], p[1], a, b))
+                    continue;
                 const double d = SquaredDistance(p, a);
                 if (d < whole && !cuts.push(SideCut{d, j})) return kFail;
             }

@@ -69,26 +69,30 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
     std::sort(byW_.data(), byW_.data() + 2 * static_cast<std::size_t>(edges),
               [](const Key& p, const Key& q) { return p.w < q.w || (p.w == q.w && p.edge < q.edge); });
 
-    // Edges near each side, bucketed along it.
+    // Edges near each side, bucketed along it. An edge's reach: how far
+    // beyond its box PointOnSegment can still hold, plus the near margin.
     const double band = 1e-6 + 1e-12 * (mag_ + L);
+    if (!reach_.resize(static_cast<std::size_t>(edges))) return false;
+    for (int e = 0; e < edges; ++e) {
+        const double* c = xy + 2 * ends[2 * e];
+        const double* d = xy + 2 * ends[2 * e + 1];
+        const double dx = c[0] - d[0], dy = c[1] - d[1];
+        const double len = std::sqrt(dx * dx + dy * dy);
+        const double run = std::fabs(dx) >= kAxis ? std::fabs(dx) : std::fabs(dy);
+        reach_[static_cast<std::size_t>(e)] = (run > 0.0 ? band + (2e-3 + band) * len / run : 0.0) + nearMargin_;
+    }
     for (int s = 0; s < 4; ++s) {
         Side& side = sides_[s];
         side.axis = (s % 2 == 0) ? 0 : 1;
         const double fixedAt = (s == 0) ? rect[1] : (s == 1) ? rect[2] : (s == 2) ? rect[3] : rect[0];
         const double lo = side.axis == 0 ? rect[0] : rect[1];
         const double hi = side.axis == 0 ? rect[2] : rect[3];
-        // Count, then fill: edge e is near when its box, widened by its reach,
-        // meets the side's box widened by the near margin.
-        int near = 0;
         // Only the piece of an edge inside the slab along the side matters:
         // a long slanted edge is near the side over a short stretch.
         auto reachOf = [&](int e, double* alo, double* ahi) {
             const double* c = xy + 2 * ends[2 * e];
             const double* d = xy + 2 * ends[2 * e + 1];
-            const double dx = c[0] - d[0], dy = c[1] - d[1];
-            const double len = std::sqrt(dx * dx + dy * dy);
-            const double run = std::fabs(dx) >= kAxis ? std::fabs(dx) : std::fabs(dy);
-            const double reach = (run > 0.0 ? band + (2e-3 + band) * len / run : 0.0) + nearMargin_;
+            const double reach = reach_[static_cast<std::size_t>(e)];
             const int across = 1 - side.axis, along = side.axis;
             const double slabLo = fixedAt - reach - tol_, slabHi = fixedAt + reach + tol_;
             const double ca = c[across], da = d[across];
@@ -116,9 +120,13 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
             *ahi = (b0 < b1 ? b1 : b0) + pad;
             return !(*ahi < lo - nearMargin_ || *alo > hi + nearMargin_);
         };
-        double alo, ahi;
-        for (int e = 0; e < edges; ++e) near += reachOf(e, &alo, &ahi) ? 1 : 0;
-        side.buckets = near < 1 ? 1 : (near > (1 << 20) ? (1 << 20) : near);
+        near_.clear();
+        for (int e = 0; e < edges; ++e) {
+            double alo, ahi;
+            if (reachOf(e, &alo, &ahi) && !near_.push(Near{alo, ahi, e})) return false;
+        }
+        const int count = static_cast<int>(near_.size());
+        side.buckets = count < 1 ? 1 : (count > (1 << 20) ? (1 << 20) : count);
         side.base = lo - nearMargin_;
         side.width = (hi - lo + 2.0 * nearMargin_) / side.buckets;
         if (!side.start.assign(static_cast<std::size_t>(side.buckets) + 1, 0)) return false;
@@ -128,27 +136,21 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
             if (k >= side.buckets - 1) return side.buckets - 1;
             return static_cast<int>(k);
         };
-        for (int pass = 0; pass < 2; ++pass) {
-            for (int e = 0; e < edges; ++e) {
-                if (!reachOf(e, &alo, &ahi)) continue;
-                for (int b = bucketOf(alo); b <= bucketOf(ahi); ++b) {
-                    if (pass == 0)
-                        ++side.start[static_cast<std::size_t>(b) + 1];
-                    else
-                        side.list[static_cast<std::size_t>(side.start[static_cast<std::size_t>(b)]++)] = e;
-                }
-            }
-            if (pass == 0) {
-                for (int b = 0; b < side.buckets; ++b)
-                    side.start[static_cast<std::size_t>(b) + 1] += side.start[static_cast<std::size_t>(b)];
-                if (!side.list.resize(static_cast<std::size_t>(side.start[static_cast<std::size_t>(side.buckets)])))
-                    return false;
-            } else {
-                for (int b = side.buckets; b > 0; --b)
-                    side.start[static_cast<std::size_t>(b)] = side.start[static_cast<std::size_t>(b) - 1];
-                side.start[0] = 0;
-            }
+        for (int i = 0; i < count; ++i)
+            for (int b = bucketOf(near_[static_cast<std::size_t>(i)].lo); b <= bucketOf(near_[static_cast<std::size_t>(i)].hi); ++b)
+                ++side.start[static_cast<std::size_t>(b) + 1];
+        for (int b = 0; b < side.buckets; ++b)
+            side.start[static_cast<std::size_t>(b) + 1] += side.start[static_cast<std::size_t>(b)];
+        if (!side.list.resize(static_cast<std::size_t>(side.start[static_cast<std::size_t>(side.buckets)])))
+            return false;
+        for (int i = 0; i < count; ++i) {
+            const Near& nr = near_[static_cast<std::size_t>(i)];
+            for (int b = bucketOf(nr.lo); b <= bucketOf(nr.hi); ++b)
+                side.list[static_cast<std::size_t>(side.start[static_cast<std::size_t>(b)]++)] = nr.edge;
         }
+        for (int b = side.buckets; b > 0; --b)
+            side.start[static_cast<std::size_t>(b)] = side.start[static_cast<std::size_t>(b) - 1];
+        side.start[0] = 0;
     }
     return true;
 }

@@ -58,7 +58,13 @@ private:
     double mu_ = 0, nearMargin_ = 0, tol_ = 0, mag_ = 0;
     bool sweepable_ = false;
 
+    struct Near {
+        double lo, hi;
+        int edge;
+    };
     Buffer<Key> byW_;
+    Buffer<double> reach_;
+    Buffer<Near> near_;
     Side sides_[4];
     Buffer<int> mark_;
     Buffer<int> picked_;
