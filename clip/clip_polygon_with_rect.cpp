@@ -133,7 +133,7 @@ double MaxAbs(double a, double b, double c, double d)
 // slope of an integer edge).
 double FarMargin(double m, double d)
 {
-    return 1e-3 + 1e-6 * d + 1e-9 * (m + d) + 1e-12 * (m + d + 1.0) * (d + 1.0);
+    return 1e-3 + 1e-6 * d + 1e-9 * (m + d) + 1e-13 * (m + d + 1.0) * (d + 1.0);
 }
 
 // LocatePoint on a graph whose probe frame is known, every edge evaluated.

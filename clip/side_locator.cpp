@@ -53,7 +53,7 @@ bool SideLocator::init(const double* xy, int points, const int* ends, int edges,
     mag_ = Larger(Larger(std::fabs(f.minX), std::fabs(f.maxX)), Larger(std::fabs(f.minY), std::fabs(f.maxY)));
     for (int i = 0; i < 4; ++i) mag_ = Larger(mag_, std::fabs(rect[i]));
     const double L = f.length;
-    mu_ = 1e-3 + 1e-9 * (mag_ + L) + 1e-12 * (mag_ + L + 1.0) * (L + 1.0);
+    mu_ = 1e-3 + 1e-9 * (mag_ + L) + 1e-13 * (mag_ + L + 1.0) * (L + 1.0);
     tol_ = 1e-6 + 1e-12 * mag_;
     const double lean = std::fabs(f.sinL) < std::fabs(f.cosL) ? std::fabs(f.sinL) : std::fabs(f.cosL);
     sweepable_ = lean >= 1e-4 && points >= 2 && edges > 0;
