@@ -232,10 +232,10 @@ double SquaredDistance(const double* p, const double* a)
 
 // Drops the points of g whose keep flag is clear, with their edges; the
 // other points and edges keep their order.
-bool DropPoints(Graph& g, const unsigned char* keep)
+bool DropPoints(Graph& g, const unsigned char* keep, int extra = 0)
 {
     Buffer<int> index;
-    if (!g.pts.compact(keep, index)) return false;
+    if (!g.pts.compact(keep, index, extra)) return false;
     std::size_t m = 0;
     for (std::size_t e = 0; e + 1 < g.ends.size(); e += 2) {
         const int a = index[static_cast<std::size_t>(g.ends[e])];
@@ -301,6 +301,22 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         return k != before || rHint.push(hint);
     };
 
+    // Room for the crossings: at most about one per polygon edge near a side.
+    {
+        int near = 0;
+        for (int e = 0; e < e0; ++e) {
+            const double* pp = g.pts.at(g.ends[2 * static_cast<std::size_t>(e)]);
+            const double* qq = g.pts.at(g.ends[2 * static_cast<std::size_t>(e) + 1]);
+            const double lx = (pp[0] < qq[0] ? pp[0] : qq[0]) - mu, hx = (pp[0] < qq[0] ? qq[0] : pp[0]) + mu;
+            const double ly = (pp[1] < qq[1] ? pp[1] : qq[1]) - mu, hy = (pp[1] < qq[1] ? qq[1] : pp[1]) + mu;
+            const bool spansX = lx <= rx2 && hx >= rx1, spansY = ly <= ry2 && hy >= ry1;
+            near += (spansX && ((ly <= ry1 && hy >= ry1) || (ly <= ry2 && hy >= ry2))) ? 1 : 0;
+            near += (spansY && ((lx <= rx1 && hx >= rx1) || (lx <= rx2 && hx >= rx2))) ? 1 : 0;
+        }
+        if (!r.reserve(4 + near) || !g.pts.reserve(g.pts.count() + near) ||
+            !g.ends.reserve(g.ends.size() + 4 * static_cast<std::size_t>(near)))
+            return kFail;
+    }
     for (int s = 0; s < 4; ++s) {
         const double a[2] = {corners[2 * s], corners[2 * s + 1]};
         const double b[2] = {corners[2 * ((s + 1) % 4)], corners[2 * ((s + 1) % 4) + 1]};
@@ -355,12 +371,13 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const double* p = g.pts.at(i);
             keep[static_cast<std::size_t>(i)] = LocateExact(rg, rf, p[0], p[1]) != -2;
         }
-        if (!DropPoints(g, keep.data())) return kFail;
+        if (!DropPoints(g, keep.data(), r.count())) return kFail;
     }
 
     // 8: the outline: corners and crossings in walking order along the sides.
     PointSet r2;
     Buffer<int> r2Hint;
+    if (!r2.reserve(r.count())) return kFail;
     {
         Buffer<unsigned char> taken;
         Buffer<SideCut> cuts;
@@ -407,6 +424,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
 
     // 9: rebuild the outline graph from r2.
     Graph outline;
+    if (!outline.pts.reserve(r2.count())) return kFail;
     {
         Buffer<double> xy;
         if (!xy.resize(2 * static_cast<std::size_t>(r2.count()))) return kFail;

@@ -128,7 +128,7 @@ int PointSet::add(double x, double y)
     return i;
 }
 
-bool PointSet::compact(const unsigned char* keep, Buffer<int>& newIndex)
+bool PointSet::compact(const unsigned char* keep, Buffer<int>& newIndex, int extra)
 {
     const int n = count();
     if (!newIndex.resize(static_cast<std::size_t>(n))) return false;
@@ -145,7 +145,7 @@ bool PointSet::compact(const unsigned char* keep, Buffer<int>& newIndex)
     }
     xy_.truncate(2 * static_cast<std::size_t>(m));
     next_.truncate(static_cast<std::size_t>(m));
-    return grow();
+    return grow(m + extra);
 }
 
 std::uint64_t PairIndex::key_of(int a, int b)

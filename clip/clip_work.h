@@ -108,8 +108,9 @@ public:
     // point appended; kNoMemory when memory ran out.
     int add(double x, double y);
     // Keeps the points whose keep flag is set, in order; newIndex receives
-    // each old index's new one (-1 for dropped points).
-    bool compact(const unsigned char* keep, Buffer<int>& newIndex);
+    // each old index's new one (-1 for dropped points). Leaves room for
+    // `extra` further points.
+    bool compact(const unsigned char* keep, Buffer<int>& newIndex, int extra = 0);
     // Room for this many points without regrowing.
     bool reserve(int points);
     const double* coords() const { return xy_.data(); }
