@@ -357,10 +357,22 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
  * Polygon clipping
  * ------------------------------------------------------------------------- */
 
-/* Clips the integer polygon pts (n x, y pairs) against the rectangle
- * (x1, y1)-(x2, y2). Returns the number of contours and hands the caller two
- * arrays from mem_malloc (points, and one point count per contour), which the
- * caller gives back with mem_free; -1, -2, -3 for no result. */
+/* Clips the integer polygon pts (n x, y pairs, implicitly closed, either
+ * orientation, first point may repeat at the end) against the rectangle
+ * [x1, x2] x [y1, y2]. Points closer than 0.001 are one point.
+ * Returns k >= 1, the number of closed contours, each counter-clockwise
+ * (y up) with its vertices listed once; *outPts receives 2m ints (the
+ * contours' x, y pairs one contour after another, m vertices in all) and
+ * *outCounts k ints (the vertex count of each contour). Both arrays come from
+ * mem_malloc and belong to the caller, who gives them back with mem_free.
+ * Coordinates are rounded to floor(v + 0.5).
+ *   -1  nothing of the polygon lies inside the rectangle (a bounding box that
+ *       only touches it counts as disjoint), no closed contour could be
+ *       formed, n <= 0, x1 >= x2 or y1 >= y2, or memory ran out;
+ *   -2  the polygon lies inside the rectangle and needs no clipping;
+ *   -3  the rectangle lies inside the polygon (fallback when no edge remains).
+ * On every negative result *outPts and *outCounts are not written and every
+ * block taken has been given back. The cost grows about linearly with n. */
 QELMATH_API int ClipPolygonWithRect(int x1, int y1, int x2, int y2, int* pts, int n, int** outPts, int** outCounts);
 
 /* ---------------------------------------------------------------------------

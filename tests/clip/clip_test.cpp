@@ -1,0 +1,259 @@
+// ClipPolygonWithRect: documented cases, the touching cases that the
+// procedure's own steps get wrong, result codes, rounding, and memory.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "QELMath.h"
+#include "clip/contour.h"
+#include "support/test_allocator.h"
+
+namespace {
+
+struct Clipped {
+    int code;
+    std::vector<int> counts, pts;
+};
+
+Clipped Clip(int x1, int y1, int x2, int y2, std::vector<int> poly)
+{
+    int* pts = reinterpret_cast<int*>(0x1);
+    int* counts = reinterpret_cast<int*>(0x2);
+    Clipped c;
+    c.code = ClipPolygonWithRect(x1, y1, x2, y2, poly.data(), static_cast<int>(poly.size() / 2), &pts, &counts);
+    if (c.code > 0) {
+        c.counts.assign(counts, counts + c.code);
+        int m = 0;
+        for (int v : c.counts) m += v;
+        c.pts.assign(pts, pts + 2 * m);
+        mem_free(pts);
+        mem_free(counts);
+    } else {
+        EXPECT_EQ(pts, reinterpret_cast<int*>(0x1));
+        EXPECT_EQ(counts, reinterpret_cast<int*>(0x2));
+    }
+    return c;
+}
+
+long TwiceArea(const Clipped& c)
+{
+    long total = 0;
+    std::size_t at = 0;
+    for (int m : c.counts) {
+        for (int j = 0; j < m; ++j) {
+            const std::size_t a = at + static_cast<std::size_t>(j), b = at + static_cast<std::size_t>((j + 1) % m);
+            total += static_cast<long>(c.pts[2 * a] - c.pts[2 * b]) * (c.pts[2 * a + 1] + c.pts[2 * b + 1]);
+        }
+        at += static_cast<std::size_t>(m);
+    }
+    return total;
+}
+
+const std::vector<int> kSquare = {0, 0, 10, 0, 10, 10, 0, 10};
+
+TEST(ClipPolygonWithRect, SquareAgainstRectangles)
+{
+    Clipped c = Clip(5, 5, 15, 15, kSquare);
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.counts, std::vector<int>({4}));
+    EXPECT_EQ(c.pts, std::vector<int>({10, 10, 5, 10, 5, 5, 10, 5}));
+    c = Clip(5, 5, 15, 15, {0, 0, 0, 10, 10, 10, 10, 0});   // clockwise
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.pts, std::vector<int>({10, 10, 5, 10, 5, 5, 10, 5}));
+
+    c = Clip(2, 2, 8, 8, kSquare);
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.pts, std::vector<int>({2, 2, 8, 2, 8, 8, 2, 8}));
+
+    EXPECT_EQ(Clip(0, 0, 10, 10, kSquare).code, -2);
+    EXPECT_EQ(Clip(-5, -5, 20, 20, kSquare).code, -2);
+    EXPECT_EQ(Clip(20, 20, 30, 30, kSquare).code, -1);
+    EXPECT_EQ(Clip(10, 0, 20, 10, kSquare).code, -1);
+}
+
+TEST(ClipPolygonWithRect, Triangles)
+{
+    Clipped c = Clip(5, -5, 15, 5, {0, 0, 20, 0, 10, 20});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.pts, std::vector<int>({5, 0, 15, 0, 15, 5, 5, 5}));
+    c = Clip(22, 19, 32, 58, {69, 52, 50, 62, 12, 58});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.pts, std::vector<int>({22, 57, 32, 56, 32, 58, 22, 58}));
+}
+
+TEST(ClipPolygonWithRect, VertexOnASideBecomesAContourVertex)
+{
+    // The apex (5, 0) of the triangle lies on the bottom side.
+    const Clipped c = Clip(0, 0, 10, 10, {5, 0, 12, 6, -2, 6});
+    ASSERT_EQ(c.code, 1);
+    ASSERT_EQ(c.counts.size(), 1u);
+    bool apex = false;
+    for (std::size_t i = 0; i + 1 < c.pts.size(); i += 2) apex = apex || (c.pts[i] == 5 && c.pts[i + 1] == 0);
+    EXPECT_TRUE(apex);
+    for (std::size_t i = 0; i < c.pts.size(); i += 2) {
+        const std::size_t j = (i + 2) % c.pts.size();
+        EXPECT_FALSE(c.pts[i] == c.pts[j] && c.pts[i + 1] == c.pts[j + 1]);   // no zero-length edge
+    }
+}
+
+TEST(ClipPolygonWithRect, EdgeAlongASideEntersTheOutline)
+{
+    // The overlap is [3, 7] x [-25, -21] and [3, 7] x [-21, -16] minus the
+    // polygon's notch: area 16 by exact count.
+    const Clipped c = Clip(3, -25, 7, -13, {8, -16, 8, -21, 3, -21, 3, -16, 1, -16, 1, -25, 19, -25, 19, -16});
+    ASSERT_GE(c.code, 1);
+    EXPECT_EQ(TwiceArea(c), 32);
+}
+
+TEST(ClipPolygonWithRect, CornerOnTheExtensionOfAnEdgeSplicesNoSpike)
+{
+    const Clipped c = Clip(6, 0, 7, 13, {-12, -13, -10, -13, 5, -11, 11, -6, 11, 6, 4, 11, -5, 5});
+    EXPECT_EQ(c.code, 1);
+    EXPECT_GT(TwiceArea(c), 0);
+}
+
+TEST(ClipPolygonWithRect, ProbeRayNearAVertex)
+{
+    const Clipped c = Clip(-13, 2, -8, 7, {-11, 1, -11, 3, -14, 3, -14, 1});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.counts, std::vector<int>({4}));
+    EXPECT_EQ(TwiceArea(c), 2 * 2);
+    for (std::size_t i = 0; i < c.pts.size(); i += 2) {
+        EXPECT_TRUE(c.pts[i] == -13 || c.pts[i] == -11);
+        EXPECT_TRUE(c.pts[i + 1] == 2 || c.pts[i + 1] == 3);
+    }
+}
+
+TEST(ClipPolygonWithRect, NotchAcrossASideIsNotBridged)
+{
+    const Clipped c = Clip(-5, -5, 35, 10, {0, 0, 30, 0, 30, 20, 20, 20, 20, 5, 10, 5, 10, 20, 0, 20});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.counts, std::vector<int>({8}));
+    EXPECT_EQ(c.pts, std::vector<int>({0, 0, 30, 0, 30, 10, 20, 10, 20, 5, 10, 5, 10, 10, 0, 10}));
+}
+
+TEST(ClipPolygonWithRect, EdgeAlongASideIsNotDoubled)
+{
+    const Clipped c = Clip(-7, -7, 3, 3, {-17, -17, 3, -17, 3, 3, -17, 3});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.counts, std::vector<int>({4}));
+    EXPECT_EQ(TwiceArea(c), 200);
+}
+
+TEST(ClipPolygonWithRect, RectangleInsideThePolygon)
+{
+    // A triangle enclosing the rectangle: the outline is the contour.
+    const Clipped c = Clip(-1, -1, 1, 1, {-100, -100, 100, -100, 0, 100});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(TwiceArea(c), 8);
+}
+
+TEST(ClipPolygonWithRect, RoundsHalvesUp)
+{
+    EXPECT_EQ(qel::RoundCoordinate(2.5), 3);
+    EXPECT_EQ(qel::RoundCoordinate(2.49), 2);
+    EXPECT_EQ(qel::RoundCoordinate(-2.5), -2);
+    EXPECT_EQ(qel::RoundCoordinate(-2.7), -3);
+    EXPECT_EQ(qel::RoundCoordinate(-7.0), -7);
+    EXPECT_EQ(qel::RoundCoordinate(3e9), 2147483647);
+    EXPECT_EQ(qel::RoundCoordinate(-3e9), -2147483647 - 1);
+    // The edge from (-3, -1) to (-2, 1) crosses y = 0 at x = -2.5.
+    const Clipped c = Clip(-10, 0, 10, 10, {-3, -1, 4, -1, 4, 1, -2, 1});
+    ASSERT_EQ(c.code, 1);
+    EXPECT_EQ(c.pts, std::vector<int>({4, 1, -2, 1, -2, 0, 4, 0}));
+}
+
+TEST(ClipPolygonWithRect, BadArgumentsTakeNothing)
+{
+    testalloc::Scope scope;
+    EXPECT_EQ(Clip(0, 0, 10, 10, {}).code, -1);
+    int dummy[2] = {1, 1};
+    int* p = nullptr;
+    int* q = nullptr;
+    EXPECT_EQ(ClipPolygonWithRect(0, 0, 10, 10, dummy, -4, &p, &q), -1);
+    EXPECT_EQ(Clip(5, 0, 5, 10, kSquare).code, -1);
+    EXPECT_EQ(Clip(6, 0, 5, 10, kSquare).code, -1);
+    EXPECT_EQ(Clip(0, 3, 10, 3, kSquare).code, -1);
+    EXPECT_TRUE(testalloc::requests().empty());
+    EXPECT_EQ(p, nullptr);
+}
+
+TEST(ClipPolygonWithRect, OnePointAndCoincidingPoints)
+{
+    EXPECT_EQ(Clip(0, 0, 10, 10, {5, 5}).code, -2);
+    EXPECT_EQ(Clip(0, 0, 10, 10, {50, 5, 50, 5}).code, -1);
+    EXPECT_EQ(Clip(0, 0, 10, 10, {0, 0, 0, 0, 0, 0}).code, -1);   // touches a corner only
+    EXPECT_EQ(Clip(0, 0, 10, 10, {5, 5, 5, 5, 5, 5}).code, -2);
+}
+
+TEST(ClipPolygonWithRect, OnlyTheResultArraysOutliveTheCall)
+{
+    testalloc::Scope scope;
+    std::vector<int> star;
+    for (int i = 0; i < 64; ++i) {
+        const int r = (i % 2) ? 40 : 15;
+        const int dx[8] = {1, 1, 0, -1, -1, -1, 0, 1}, dy[8] = {0, 1, 1, 1, 0, -1, -1, -1};
+        star.push_back(r * dx[i % 8] + i % 5);
+        star.push_back(r * dy[i % 8] + i % 3);
+    }
+    int* pts = nullptr;
+    int* counts = nullptr;
+    const int k = ClipPolygonWithRect(-20, -20, 20, 20, star.data(), 64, &pts, &counts);
+    ASSERT_GE(k, 1);
+    EXPECT_EQ(scope.leaked(), 2u);
+    mem_free(pts);
+    mem_free(counts);
+    EXPECT_EQ(scope.leaked(), 0u);
+}
+
+void EveryRequestMayFail(int x1, int y1, int x2, int y2, std::vector<int> poly)
+{
+    std::size_t total = 0;
+    {
+        testalloc::Scope scope;
+        int* pts = nullptr;
+        int* counts = nullptr;
+        const int k = ClipPolygonWithRect(x1, y1, x2, y2, poly.data(), static_cast<int>(poly.size() / 2), &pts, &counts);
+        ASSERT_GE(k, 1);
+        total = testalloc::requests().size();
+        mem_free(pts);
+        mem_free(counts);
+    }
+    ASSERT_GT(total, 5u);
+    for (std::size_t f = 1; f <= total; ++f) {
+        testalloc::Scope scope;
+        testalloc::fail_at(f);
+        int* pts = reinterpret_cast<int*>(0x10);
+        int* counts = reinterpret_cast<int*>(0x20);
+        EXPECT_EQ(ClipPolygonWithRect(x1, y1, x2, y2, poly.data(), static_cast<int>(poly.size() / 2), &pts, &counts), -1)
+            << "request " << f;
+        EXPECT_EQ(pts, reinterpret_cast<int*>(0x10));
+        EXPECT_EQ(counts, reinterpret_cast<int*>(0x20));
+        EXPECT_EQ(scope.leaked(), 0u) << "request " << f;
+    }
+    testalloc::Scope scope;
+    testalloc::fail_from(1);
+    int* pts = nullptr;
+    int* counts = nullptr;
+    EXPECT_EQ(ClipPolygonWithRect(x1, y1, x2, y2, poly.data(), static_cast<int>(poly.size() / 2), &pts, &counts), -1);
+    EXPECT_EQ(scope.leaked(), 0u);
+}
+
+TEST(ClipPolygonWithRect, FailingAllocatorAtEveryRequest)
+{
+    EveryRequestMayFail(5, 5, 15, 15, kSquare);
+    EveryRequestMayFail(-5, -5, 35, 10, {0, 0, 30, 0, 30, 20, 20, 20, 20, 5, 10, 5, 10, 20, 0, 20});
+    std::vector<int> comb;
+    for (int i = 0; i < 30; ++i) {
+        comb.push_back(2 * i);
+        comb.push_back(i % 2 ? 10 : 2);
+    }
+    comb.push_back(60);
+    comb.push_back(-5);
+    comb.push_back(0);
+    comb.push_back(-5);
+    EveryRequestMayFail(1, 0, 50, 6, comb);
+}
+
+}  // namespace

@@ -1,0 +1,213 @@
+// The fast clipper against the plain transcription on random polygons, and
+// against exact intersection areas for orthogonal ones.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "QELMath.h"
+#include "clip/plain_clip.h"
+#include "clip/random_polygons.h"
+#include "support/test_allocator.h"
+
+namespace {
+
+struct Result {
+    int code = 0;
+    std::vector<int> counts, pts;
+    bool operator==(const Result& o) const { return code == o.code && counts == o.counts && pts == o.pts; }
+};
+
+template <class F>
+Result Run(F clip, const clipcases::Case& c)
+{
+    int* pts = nullptr;
+    int* counts = nullptr;
+    Result r;
+    r.code = clip(c.x1, c.y1, c.x2, c.y2, const_cast<int*>(c.pts.data()), static_cast<int>(c.pts.size() / 2),
+                  &pts, &counts);
+    if (r.code > 0) {
+        r.counts.assign(counts, counts + r.code);
+        int m = 0;
+        for (int v : r.counts) m += v;
+        r.pts.assign(pts, pts + 2 * m);
+        mem_free(pts);
+        mem_free(counts);
+    }
+    return r;
+}
+
+Result Fast(const clipcases::Case& c) { return Run(ClipPolygonWithRect, c); }
+Result Plain(const clipcases::Case& c) { return Run(plainclip::ClipPolygonWithRect, c); }
+
+std::string Describe(const clipcases::Case& c)
+{
+    std::string s = "rect " + std::to_string(c.x1) + " " + std::to_string(c.y1) + " " + std::to_string(c.x2) +
+                    " " + std::to_string(c.y2) + " poly";
+    for (int v : c.pts) s += " " + std::to_string(v);
+    return s;
+}
+
+int g_clipped = 0;   // cases with contours, so that no suite is vacuous
+
+void ExpectSame(const clipcases::Case& c)
+{
+    testalloc::Scope scope;
+    const Result f = Fast(c);
+    const Result p = Plain(c);
+    ASSERT_TRUE(f == p) << Describe(c) << "\nfast code " << f.code << " plain code " << p.code;
+    EXPECT_EQ(scope.leaked(), 0u);
+    g_clipped += f.code > 0 ? 1 : 0;
+}
+
+TEST(ClipEquivalence, StarShapedAndConvex)
+{
+    g_clipped = 0;
+    std::mt19937 rng(20261123);
+    for (int i = 0; i < 1500; ++i) {
+        clipcases::Case c;
+        const int n = 3 + static_cast<int>(rng() % 40);
+        const bool convex = (i % 3) == 0;
+        c.pts = clipcases::Star(rng, n, convex ? 20.0 : 4.0, 20.0, 0.0, 0.0);
+        clipcases::Disturb(rng, c.pts);
+        clipcases::Rectangle(rng, -24, 24, c);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 500);
+}
+
+TEST(ClipEquivalence, OrthogonalWithNotchesAcrossTheSides)
+{
+    g_clipped = 0;
+    std::mt19937 rng(7);
+    for (int i = 0; i < 2000; ++i) {
+        clipcases::Case c;
+        c.pts = clipcases::Orthogonal(rng, 2 + static_cast<int>(rng() % 10), 12);
+        clipcases::Disturb(rng, c.pts);
+        clipcases::Rectangle(rng, -16, 16, c);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 500);
+}
+
+TEST(ClipEquivalence, TinyPolygonsOnTheRectangle)
+{
+    g_clipped = 0;
+    // Few vertices in a small range: vertices on sides and corners, edges
+    // along the sides, degenerate and self-touching polygons.
+    std::mt19937 rng(99);
+    std::uniform_int_distribution<int> v(-3, 3);
+    for (int i = 0; i < 3000; ++i) {
+        clipcases::Case c;
+        const int n = 1 + static_cast<int>(rng() % 7);
+        for (int k = 0; k < 2 * n; ++k) c.pts.push_back(v(rng));
+        clipcases::Rectangle(rng, -2, 2, c);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 300);
+}
+
+TEST(ClipEquivalence, SpikyStarsAcrossAllSides)
+{
+    g_clipped = 0;
+    // Many crossings per side: the outline is long and its points are
+    // located one after the other along the sides.
+    std::mt19937 rng(4242);
+    for (int i = 0; i < 40; ++i) {
+        clipcases::Case c;
+        const int n = 100 + static_cast<int>(rng() % 300);
+        c.pts = clipcases::Star(rng, n, 300.0, 1000.0, 0.0, 0.0);
+        const int h = 450 + static_cast<int>(rng() % 300);
+        c.x1 = -h + static_cast<int>(rng() % 50);
+        c.y1 = -h;
+        c.x2 = h;
+        c.y2 = h - static_cast<int>(rng() % 50);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 40);
+}
+
+TEST(ClipEquivalence, LargeCoordinates)
+{
+    g_clipped = 0;
+    // Far from the origin and spread wide: the skipping margins grow and
+    // must still never skip a test that could succeed.
+    std::mt19937 rng(555);
+    for (int i = 0; i < 300; ++i) {
+        clipcases::Case c;
+        const double scale = (i % 2) ? 1.0e5 : 3.0e3;
+        const double cx = (i % 3 == 0) ? 2.0e9 : -1.5e9;
+        c.pts = clipcases::Star(rng, 3 + static_cast<int>(rng() % 30), 0.2 * scale, scale, cx, 1.0e9);
+        clipcases::Disturb(rng, c.pts);
+        const int h = static_cast<int>(0.6 * scale);
+        c.x1 = static_cast<int>(cx) - h + static_cast<int>(rng() % 7);
+        c.x2 = static_cast<int>(cx) + h;
+        c.y1 = 1000000000 - h;
+        c.y2 = 1000000000 + h - static_cast<int>(rng() % 7);
+        ExpectSame(c);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GE(g_clipped, 100);
+}
+
+// Area of the orthogonal polygon p inside the rectangle, by unit cells.
+long ExactArea(const clipcases::Case& c)
+{
+    const int n = static_cast<int>(c.pts.size() / 2);
+    long area = 0;
+    for (int x = c.x1; x < c.x2; ++x)
+        for (int y = c.y1; y < c.y2; ++y) {
+            const double px = x + 0.5, py = y + 0.5;
+            bool in = false;
+            for (int i = 0, j = n - 1; i < n; j = i++) {
+                const double xi = c.pts[2 * i], yi = c.pts[2 * i + 1];
+                const double xj = c.pts[2 * j], yj = c.pts[2 * j + 1];
+                if ((yi > py) != (yj > py) && px < (xj - xi) * (py - yi) / (yj - yi) + xi) in = !in;
+            }
+            area += in ? 1 : 0;
+        }
+    return area;
+}
+
+TEST(ClipArea, OrthogonalPolygonsGiveTheExactAreaCounterClockwise)
+{
+    std::mt19937 rng(31337);
+    int clipped = 0;
+    for (int i = 0; i < 3000; ++i) {
+        clipcases::Case c;
+        c.pts = clipcases::Orthogonal(rng, 2 + static_cast<int>(rng() % 8), 10);
+        clipcases::Disturb(rng, c.pts);
+        clipcases::Rectangle(rng, -14, 14, c);
+        const long exact = ExactArea(c);
+        const Result r = Fast(c);
+        long twice = 0;
+        if (r.code > 0) {
+            ++clipped;
+            std::size_t at = 0;
+            for (int m : r.counts) {
+                long s = 0;
+                for (int j = 0; j < m; ++j) {
+                    const int k = (j + 1) % m;
+                    s += static_cast<long>(r.pts[2 * (at + j)] - r.pts[2 * (at + k)]) *
+                         (r.pts[2 * (at + j) + 1] + r.pts[2 * (at + k) + 1]);
+                }
+                ASSERT_GT(s, 0) << "clockwise contour: " << Describe(c);
+                twice += s;
+                at += static_cast<std::size_t>(m);
+            }
+        } else if (r.code == -2) {
+            twice = 2 * exact;   // whole polygon inside: nothing to compare
+        } else if (r.code == -3) {
+            twice = 2L * (c.x2 - c.x1) * (c.y2 - c.y1);
+        }
+        ASSERT_EQ(twice, 2 * exact) << "code " << r.code << ": " << Describe(c);
+    }
+    EXPECT_GT(clipped, 1000);
+}
+
+}  // namespace
