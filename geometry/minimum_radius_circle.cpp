@@ -43,10 +43,21 @@
 #include <cstdint>
 
 #include "QELMath.h"
+#include "foundation/cpu.h"
 #include "foundation/elementary.h"
 #include "foundation/scratch.h"
 #include "foundation/tolerance.h"
 #include "geometry/triangle_core.h"
+
+// The triple search has an AVX2 variant (no FMA: the same bits). Not on
+// Windows, where GCC cannot align the stack for 32-byte spills.
+#if (defined(__x86_64__) || defined(__i386__)) && !defined(_WIN32) && \
+    (defined(__GNUC__) || defined(__clang__))
+#define QEL_MEC_AVX2 1
+#include <immintrin.h>
+#else
+#define QEL_MEC_AVX2 0
+#endif
 
 namespace {
 
@@ -347,6 +358,128 @@ bool encloses(const double* cand, int m, double cx, double cy, double r2, int ex
     return true;
 }
 
+// Step 6 over all triples. The terms of TriangleCircumCircle that do not
+// involve P3 are computed once per pair; the rest, per third point, is
+// exactly its sequence of operations.
+struct TripleSearch {
+    const double* c;
+    int m;
+    double tol, v, R, best_x, best_y;
+    int last_out;
+
+    // Per pair (i, j).
+    const double* p1 = nullptr;
+    const double* p2 = nullptr;
+    double d12x = 0, d12y = 0, s1 = 0, k12 = 0;
+
+    void set_pair(int i, int j)
+    {
+        p1 = P(c, i);
+        p2 = P(c, j);
+        d12x = p1[0] - p2[0];
+        d12y = p1[1] - p2[1];
+        s1 = p1[0] * p1[0] + p1[1] * p1[1];
+        k12 = 0.5 * ((s1 - p2[0] * p2[0]) - p2[1] * p2[1]);
+    }
+
+    void step(int i, int j, int k)
+    {
+        const double* p3 = P(c, k);
+        double d13x = p1[0] - p3[0], d13y = p1[1] - p3[1];
+        double k13 = 0.5 * ((s1 - p3[0] * p3[0]) - p3[1] * p3[1]);
+        double det = d12y * d13x - d12x * d13y;
+        double cc[2], r;
+        if (det > tol || det < -tol) {
+            cc[0] = (d12y * k13 - d13y * k12) / det;
+            cc[1] = (k13 * d12x - k12 * d13x) / (d12x * d13y - d12y * d13x);
+            double dx = cc[0] - p1[0], dy = cc[1] - p1[1];
+            r = std::sqrt(dx * dx + dy * dy);
+        } else {
+            r = qel::circumcircle(p1, p2, p3, cc);
+        }
+        double r2 = r * r;
+        if (!(v < r2) || !(R > r2)) return;
+        if (!encloses(c, m, cc[0], cc[1], r2, i, j, k, &last_out)) return;
+        best_x = cc[0];
+        best_y = cc[1];
+        R = r2;
+    }
+
+#if QEL_MEC_AVX2
+    // Four third points k..k+3 at once, the same operations lane by lane:
+    // returns a bit per point (bit b for k + b) that may change the search
+    // (v < r^2 < R, or a degenerate triangle), to be run through step().
+    __attribute__((target("avx2"))) unsigned screen4(int k) const
+    {
+        __m256d a = _mm256_loadu_pd(c + 2 * static_cast<std::size_t>(k));
+        __m256d b = _mm256_loadu_pd(c + 2 * static_cast<std::size_t>(k) + 4);
+        // Lanes in the order k, k+2, k+1, k+3.
+        __m256d x3 = _mm256_unpacklo_pd(a, b);
+        __m256d y3 = _mm256_unpackhi_pd(a, b);
+        __m256d p1x = _mm256_set1_pd(p1[0]), p1y = _mm256_set1_pd(p1[1]);
+        __m256d vd12x = _mm256_set1_pd(d12x), vd12y = _mm256_set1_pd(d12y);
+        __m256d vk12 = _mm256_set1_pd(k12), vs1 = _mm256_set1_pd(s1);
+        __m256d d13x = _mm256_sub_pd(p1x, x3), d13y = _mm256_sub_pd(p1y, y3);
+        __m256d k13 = _mm256_mul_pd(
+            _mm256_set1_pd(0.5),
+            _mm256_sub_pd(_mm256_sub_pd(vs1, _mm256_mul_pd(x3, x3)), _mm256_mul_pd(y3, y3)));
+        __m256d det = _mm256_sub_pd(_mm256_mul_pd(vd12y, d13x), _mm256_mul_pd(vd12x, d13y));
+        __m256d cx = _mm256_div_pd(
+            _mm256_sub_pd(_mm256_mul_pd(vd12y, k13), _mm256_mul_pd(d13y, vk12)), det);
+        __m256d cy = _mm256_div_pd(
+            _mm256_sub_pd(_mm256_mul_pd(k13, vd12x), _mm256_mul_pd(vk12, d13x)),
+            _mm256_sub_pd(_mm256_mul_pd(vd12x, d13y), _mm256_mul_pd(vd12y, d13x)));
+        __m256d dx = _mm256_sub_pd(cx, p1x), dy = _mm256_sub_pd(cy, p1y);
+        __m256d r = _mm256_sqrt_pd(_mm256_add_pd(_mm256_mul_pd(dx, dx), _mm256_mul_pd(dy, dy)));
+        __m256d r2 = _mm256_mul_pd(r, r);
+        __m256d vtol = _mm256_set1_pd(tol);
+        __m256d regular = _mm256_or_pd(_mm256_cmp_pd(det, vtol, _CMP_GT_OQ),
+                                       _mm256_cmp_pd(det, _mm256_sub_pd(_mm256_setzero_pd(), vtol),
+                                                     _CMP_LT_OQ));
+        __m256d useful = _mm256_and_pd(_mm256_cmp_pd(_mm256_set1_pd(v), r2, _CMP_LT_OQ),
+                                       _mm256_cmp_pd(_mm256_set1_pd(R), r2, _CMP_GT_OQ));
+        __m256d run = _mm256_or_pd(_mm256_andnot_pd(regular, _mm256_castsi256_pd(
+                                                                 _mm256_set1_epi64x(-1))),
+                                   useful);
+        unsigned lanes = static_cast<unsigned>(_mm256_movemask_pd(run));
+        // Lane bits 0..3 stand for k, k+2, k+1, k+3.
+        return (lanes & 1u) | ((lanes & 2u) << 1) | ((lanes & 4u) >> 1) | (lanes & 8u);
+    }
+
+    __attribute__((target("avx2"))) void run_avx2()
+    {
+        for (int i = 0; i < m; ++i) {
+            for (int j = i + 1; j < m; ++j) {
+                set_pair(i, j);
+                int k = j + 1;
+                for (; k + 4 <= m; k += 4) {
+                    unsigned bits = screen4(k);
+                    for (int b = 0; b < 4; ++b)
+                        if (bits & (1u << b)) step(i, j, k + b);
+                }
+                for (; k < m; ++k) step(i, j, k);
+            }
+        }
+    }
+#endif
+
+    void run()
+    {
+#if QEL_MEC_AVX2
+        if (qel::simd_level() >= qel::SimdLevel::kAvx2) {
+            run_avx2();
+            return;
+        }
+#endif
+        for (int i = 0; i < m; ++i) {
+            for (int j = i + 1; j < m; ++j) {
+                set_pair(i, j);
+                for (int k = j + 1; k < m; ++k) step(i, j, k);
+            }
+        }
+    }
+};
+
 }  // namespace
 
 QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centre, double* radius)
@@ -425,38 +558,11 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
 
     // Step 6: circumcircles, only when no pair circle encloses all.
     if (!pair_taken) {
-        double tol = qel::real_tolerance();
-        for (int i = 0; i < m; ++i) {
-            const double* p1 = P(c, i);
-            for (int j = i + 1; j < m; ++j) {
-                const double* p2 = P(c, j);
-                // The terms of TriangleCircumCircle that do not involve P3.
-                double d12x = p1[0] - p2[0], d12y = p1[1] - p2[1];
-                double s1 = p1[0] * p1[0] + p1[1] * p1[1];
-                double k12 = 0.5 * ((s1 - p2[0] * p2[0]) - p2[1] * p2[1]);
-                for (int k = j + 1; k < m; ++k) {
-                    const double* p3 = P(c, k);
-                    double d13x = p1[0] - p3[0], d13y = p1[1] - p3[1];
-                    double k13 = 0.5 * ((s1 - p3[0] * p3[0]) - p3[1] * p3[1]);
-                    double det = d12y * d13x - d12x * d13y;
-                    double cc[2], r;
-                    if (det > tol || det < -tol) {
-                        cc[0] = (d12y * k13 - d13y * k12) / det;
-                        cc[1] = (k13 * d12x - k12 * d13x) / (d12x * d13y - d12y * d13x);
-                        double dx = cc[0] - p1[0], dy = cc[1] - p1[1];
-                        r = std::sqrt(dx * dx + dy * dy);
-                    } else {
-                        r = qel::circumcircle(p1, p2, p3, cc);
-                    }
-                    double r2 = r * r;
-                    if (!(v < r2) || !(R > r2)) continue;
-                    if (!encloses(c, m, cc[0], cc[1], r2, i, j, k, &last_out)) continue;
-                    best_x = cc[0];
-                    best_y = cc[1];
-                    R = r2;
-                }
-            }
-        }
+        TripleSearch t{c, m, qel::real_tolerance(), v, R, best_x, best_y, last_out};
+        t.run();
+        R = t.R;
+        best_x = t.best_x;
+        best_y = t.best_y;
     }
 
     centre[0] = best_x;

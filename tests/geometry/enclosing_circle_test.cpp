@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "QELMath.h"
+#include "foundation/cpu.h"
 #include "geometry/mec_cases.h"
 #include "support/test_allocator.h"
 
@@ -182,6 +183,30 @@ TEST(EnclosingCircle, MatchesPlainSearchOnHarderSets)
         mixed.insert(mixed.end(), ring.begin(), ring.end());
         ASSERT_TRUE(agrees(mixed)) << round;
     }
+}
+
+// Points on a circle reach the triple search with every triple; its vector
+// screen and the scalar loop must give the plain search's bits alike.
+TEST(EnclosingCircle, TripleSearchSameWithAndWithoutVectorUnit)
+{
+    for (qel::SimdLevel level : {qel::SimdLevel::kBaseline, qel::SimdLevel::kAvx2}) {
+        qel::cap_simd_level(level);
+        std::mt19937_64 g(555);
+        for (int round = 0; round < 60; ++round) {
+            int n = 5 + round % 30;
+            ASSERT_TRUE(agrees(on_circle(g, n, 0.5 + round, false))) << round;
+            ASSERT_TRUE(agrees(on_circle(g, n, 3.0, true))) << round;
+            ASSERT_TRUE(agrees(cocircular_integers(g, n))) << round;
+            // Collinear runs on a circle's chord: degenerate lanes.
+            Points pts = on_circle(g, 8, 1.0, false);
+            for (int i = 0; i < n; ++i) {
+                pts.push_back(pts[0] + (pts[2] - pts[0]) * i / n);
+                pts.push_back(pts[1] + (pts[3] - pts[1]) * i / n);
+            }
+            ASSERT_TRUE(agrees(pts)) << round;
+        }
+    }
+    qel::cap_simd_level(qel::SimdLevel::kAvx512);
 }
 
 TEST(EnclosingCircle, MatchesPlainSearchAfterToleranceChanges)
