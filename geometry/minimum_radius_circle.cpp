@@ -1,11 +1,11 @@
 // MinimumRadiusCircleFromPoints: the smallest circle around n plane points.
 //
-// The result is defined by an exhaustive search: (1) four extreme points are
-// swapped to the front; (2) every point inside a triangle of still unflagged
+// The result is defined by an exhaustive search: four extreme points are
+// swapped to the front; every point inside a triangle of still unflagged
 // points, or exactly on one of its vertices, is flagged, triangles taken in
-// lexicographic order of their indices; (3) the bounding box of the rest (the
-// candidates) gives a first circle; (4) every pair of candidates, in order,
-// is tried as a diameter; (6) only when no pair circle encloses all, every
+// lexicographic order of their indices; the bounding box of the rest (the
+// candidates) gives a first circle; every pair of candidates, in order,
+// is tried as a diameter; only when no pair circle encloses all, every
 // triple is tried through its circumcircle. A candidate lies outside a circle
 // when its squared distance exceeds r^2 (1 + 1e-12): without that slack four
 // or more points on the optimal circle, none diametrically opposite, make
@@ -13,15 +13,19 @@
 // replaces the earlier.
 //
 // This file reaches exactly that result, bit for bit, with far less work:
-//  - Filter. Only points that some triangle can flag are tested. A hull
-//    vertex p whose neighbours span a cone of less than pi - 1e-9 at p, that
-//    contains every other point (up to 2e-13 rad) and that has no exact
-//    duplicate can never be flagged: seen from p, all vertex directions of
-//    any triangle lie in one half-turn, so no angle difference wraps and the
-//    angle sum stays near 0. The check uses relative error bounds of the
-//    floating cross products; a vertex that fails it is simply tested like
-//    any other point. Once no testable point is left the remaining
-//    triangles cannot change anything and the filter stops.
+//  - Filter. Only points that some triangle can flag are tested. A vertex p
+//    of the hull of the unflagged points whose hull neighbours span a cone of
+//    less than pi - 1e-9 at p, that contains every other unflagged point (up
+//    to 2e-13 rad) and that has no exact duplicate among them can never be
+//    flagged: seen from p, all vertex directions of any later triangle lie
+//    in one half-turn, so no angle difference wraps and the angle sum stays
+//    near 0. The check uses relative error bounds of the floating cross
+//    products; a vertex that fails it is simply tested like any other
+//    point. It is repeated over the shrinking unflagged set whenever the
+//    triangles tested since have cost a few times as much (a duplicate of a
+//    vertex, once flagged, no longer spoils it). Once no testable point is
+//    left the remaining triangles cannot change anything and the filter
+//    stops.
 //  - Point in triangle. After the exact box and vertex tests, three cross
 //    products whose angles are provably at least 1e-9 away from 0 and pi
 //    decide inside/outside exactly as the angle sum would; only the
@@ -29,7 +33,9 @@
 //  - Searches. Whether a circle encloses the others does not depend on the
 //    order in which they are tested, so the last point found outside is
 //    tested first. A triple is only tested when it could change the result:
-//    v < r^2 < R.
+//    v < r^2 < R. Its circumcircle is screened four third points at a time
+//    with AVX2 where the CPU has it (the same operations, no FMA: the same
+//    bits); only the points that pass go through the scalar step.
 // Points on one circle remain the hard case: nothing is filtered and the
 // triple search evaluates every circumcircle, since the winner among
 // rounding-level ties is only known after all of them.
@@ -141,9 +147,10 @@ void extremes_to_front(double* pts, int n)
 
 // --- Filter ---------------------------------------------------------------
 
-// Whether no triangle of other points can ever flag p, given its two hull
-// neighbours q and r (see the file comment for the bounds).
-bool hull_vertex_is_safe(const double* pts, int n, int p, int q, int r)
+// Whether no triangle of other unflagged points can ever flag p, given its
+// two hull neighbours q and r (see the file comment for the bounds). Flagged
+// points never again make a triangle, so they do not count.
+bool hull_vertex_is_safe(const double* pts, int n, const std::int32_t* flag, int p, int q, int r)
 {
     double px = X(pts, p), py = Y(pts, p);
     double ax = X(pts, q) - px, ay = Y(pts, q) - py;
@@ -159,7 +166,7 @@ bool hull_vertex_is_safe(const double* pts, int n, int p, int q, int r)
     if (!bound_usable(b0) || !(apex >= 1e-9 * b0)) return false;
 
     for (int x = 0; x < n; ++x) {
-        if (x == p) continue;
+        if (x == p || flag[x] == kFlagged) continue;
         double ux = X(pts, x) - px, uy = Y(pts, x) - py;
         if (ux == 0 && uy == 0) return false;
         double nu = norm1(ux, uy);
@@ -191,47 +198,47 @@ int hull_chain(const double* pts, int n, const double* order, double* chain, boo
     return k;
 }
 
-// Marks the hull vertices that can never be flagged as kHullSafe. work holds
-// 2n doubles.
-void mark_safe_hull_vertices(const double* pts, int n, double* work, std::int32_t* flag)
+// Marks the vertices of the hull of the unflagged points that can never be
+// flagged as kHullSafe. work holds 2n doubles. Returns a measure of the work
+// done, in point visits.
+double mark_safe_hull_vertices(const double* pts, int n, double* work, std::int32_t* flag)
 {
-    for (int i = 0; i < n; ++i) {
-        double x = X(pts, i), y = Y(pts, i);
-        if (!(std::fabs(x) <= kCoordLimit) || !(std::fabs(y) <= kCoordLimit)) return;
-    }
     double* order = work;
-    double* chain = work + n;
-    for (int i = 0; i < n; ++i) order[i] = i;
-    std::sort(order, order + n, [pts](double a, double b) {
+    int u = 0;
+    for (int i = 0; i < n; ++i) {
+        if (flag[i] == kFlagged) continue;
+        double x = X(pts, i), y = Y(pts, i);
+        if (!(std::fabs(x) <= kCoordLimit) || !(std::fabs(y) <= kCoordLimit)) return n;
+        order[u++] = i;
+    }
+    double* chain = work + u;
+    std::sort(order, order + u, [pts](double a, double b) {
         int i = static_cast<int>(a), j = static_cast<int>(b);
         if (X(pts, i) != X(pts, j)) return X(pts, i) < X(pts, j);
         if (Y(pts, i) != Y(pts, j)) return Y(pts, i) < Y(pts, j);
         return i < j;
     });
+    double visits = 4.0 * u + 1;
+    auto certify = [&](int p, int q, int r) {
+        visits += n;
+        if (flag[p] == kOpen && hull_vertex_is_safe(pts, n, flag, p, q, r)) flag[p] = kHullSafe;
+    };
 
-    int len = hull_chain(pts, n, order, chain, true);
-    if (len < 2) return;
+    int len = hull_chain(pts, u, order, chain, true);
+    if (len < 2) return visits;
     int left_next = static_cast<int>(chain[1]);
     int right_prev = static_cast<int>(chain[len - 2]);
-    for (int t = 1; t + 1 < len; ++t) {
-        int p = static_cast<int>(chain[t]);
-        if (hull_vertex_is_safe(pts, n, p, static_cast<int>(chain[t - 1]),
-                                static_cast<int>(chain[t + 1])))
-            flag[p] = kHullSafe;
-    }
-    len = hull_chain(pts, n, order, chain, false);
-    if (len < 2) return;
-    for (int t = 1; t + 1 < len; ++t) {
-        int p = static_cast<int>(chain[t]);
-        if (hull_vertex_is_safe(pts, n, p, static_cast<int>(chain[t - 1]),
-                                static_cast<int>(chain[t + 1])))
-            flag[p] = kHullSafe;
-    }
-    int right = static_cast<int>(order[n - 1]), left = static_cast<int>(order[0]);
-    if (hull_vertex_is_safe(pts, n, right, right_prev, static_cast<int>(chain[1])))
-        flag[right] = kHullSafe;
-    if (hull_vertex_is_safe(pts, n, left, static_cast<int>(chain[len - 2]), left_next))
-        flag[left] = kHullSafe;
+    for (int t = 1; t + 1 < len; ++t)
+        certify(static_cast<int>(chain[t]), static_cast<int>(chain[t - 1]),
+                static_cast<int>(chain[t + 1]));
+    len = hull_chain(pts, u, order, chain, false);
+    if (len < 2) return visits;
+    for (int t = 1; t + 1 < len; ++t)
+        certify(static_cast<int>(chain[t]), static_cast<int>(chain[t - 1]),
+                static_cast<int>(chain[t + 1]));
+    certify(static_cast<int>(order[u - 1]), right_prev, static_cast<int>(chain[1]));
+    certify(static_cast<int>(order[0]), static_cast<int>(chain[len - 2]), left_next);
+    return visits;
 }
 
 struct Triangle {
@@ -286,18 +293,30 @@ bool flags_point(const Triangle& t, const double* p, double tol)
     return std::fabs(sum) > 1.0;
 }
 
+// The points a triangle can still flag, into open[]; returns their number.
+int collect_open(const std::int32_t* flag, int n, double* open)
+{
+    int count = 0;
+    for (int p = 0; p < n; ++p)
+        if (flag[p] == kOpen) open[count++] = p;
+    return count;
+}
+
 // Step 2 on flag[] (all kOpen on entry); work holds 2n doubles.
+//
+// The hull certificate is taken again over the unflagged points once the
+// triangles tested since the last one have cost a few times as much as it
+// did: a vertex that had an exact duplicate, or a point that was inside the
+// hull of points flagged since, may have become safe.
 void filter(const double* pts, int n, double* work, std::int32_t* flag)
 {
-    mark_safe_hull_vertices(pts, n, work, flag);
-
-    // The points a triangle can still flag, compacted as they go.
+    double certify_cost = mark_safe_hull_vertices(pts, n, work, flag);
     double* open = work;
-    int open_count = 0;
-    for (int p = 0; p < n; ++p)
-        if (flag[p] == kOpen) open[open_count++] = p;
+    int open_count = collect_open(flag, n, open);
     if (open_count == 0) return;
 
+    double spent = 0;
+    bool flagged_since = false;
     double tol = qel::real_tolerance();
     for (int i = 0; i < n; ++i) {
         if (flag[i] == kFlagged) continue;
@@ -317,16 +336,24 @@ void filter(const double* pts, int n, double* work, std::int32_t* flag)
                     if (t.v[s][1] < t.ymin) t.ymin = t.v[s][1];
                     if (t.v[s][1] > t.ymax) t.ymax = t.v[s][1];
                 }
+                spent += open_count + 4;
                 int kept = 0;
                 for (int s = 0; s < open_count; ++s) {
                     int p = static_cast<int>(open[s]);
                     if (p != i && p != j && p != k && flags_point(t, P(pts, p), tol)) {
                         flag[p] = kFlagged;
+                        flagged_since = true;
                         continue;
                     }
                     open[kept++] = p;
                 }
                 open_count = kept;
+                if (flagged_since && spent > 4 * certify_cost) {
+                    certify_cost = mark_safe_hull_vertices(pts, n, work, flag);
+                    open_count = collect_open(flag, n, open);
+                    spent = 0;
+                    flagged_since = false;
+                }
                 if (open_count == 0) return;
             }
         }

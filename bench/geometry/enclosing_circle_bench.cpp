@@ -74,6 +74,28 @@ void run_cgal(benchmark::State& state, bool circle)
 
 void Fast_Disc(benchmark::State& s) { run_search<MinimumRadiusCircleFromPoints>(s, false); }
 void Fast_Circle(benchmark::State& s) { run_search<MinimumRadiusCircleFromPoints>(s, true); }
+// A regular polygon closed by repeating its first point, as outlines come.
+void Fast_ClosedPolygon(benchmark::State& state)
+{
+    int n = static_cast<int>(state.range(0));
+    std::vector<double> pts;
+    for (int i = 0; i < n - 1; ++i) {
+        pts.push_back(std::cos(6.283185307179586 * i / (n - 1)));
+        pts.push_back(std::sin(6.283185307179586 * i / (n - 1)));
+    }
+    pts.push_back(pts[0]);
+    pts.push_back(pts[1]);
+    std::vector<double> work;
+    double centre[2], radius = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        work = pts;
+        state.ResumeTiming();
+        MinimumRadiusCircleFromPoints(work.data(), n, centre, &radius);
+        benchmark::DoNotOptimize(radius);
+    }
+    state.counters["radius"] = radius;
+}
 void Plain_Disc(benchmark::State& s) { run_search<mecref::reference_mec>(s, false); }
 void Plain_Circle(benchmark::State& s) { run_search<mecref::reference_mec>(s, true); }
 void CgalExact_Disc(benchmark::State& s) { run_cgal<CGAL::Exact_predicates_exact_constructions_kernel>(s, false); }
@@ -87,6 +109,7 @@ BENCHMARK(Fast_Disc)->Arg(10)->Arg(100)->Arg(1000)->Arg(3000)->Unit(benchmark::k
 BENCHMARK(Fast_Circle)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 // Every circumcircle of 3000 points: minutes, one run.
 BENCHMARK(Fast_Circle)->Arg(3000)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(Fast_ClosedPolygon)->Arg(101)->Arg(1001)->Arg(3001)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Plain_Disc)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Plain_Disc)->Arg(1000)->Arg(3000)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Plain_Circle)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);

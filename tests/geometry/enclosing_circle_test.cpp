@@ -182,6 +182,11 @@ TEST(EnclosingCircle, MatchesPlainSearchOnHarderSets)
         Points ring = on_circle(g, 20, 2.0, false);
         mixed.insert(mixed.end(), ring.begin(), ring.end());
         ASSERT_TRUE(agrees(mixed)) << round;
+        // A closed outline: the first point again at the end.
+        Points closed = on_circle(g, 30, 4.0, round % 2 == 0);
+        closed.push_back(closed[0]);
+        closed.push_back(closed[1]);
+        ASSERT_TRUE(agrees(closed)) << round;
     }
 }
 
