@@ -214,6 +214,26 @@ TEST(EnclosingCircle, TripleSearchSameWithAndWithoutVectorUnit)
     qel::cap_simd_level(qel::SimdLevel::kAvx512);
 }
 
+// Far from 1: the error bounds of the shortcuts give up and the plain
+// decisions take over; NaN and infinity must not upset either.
+TEST(EnclosingCircle, MatchesPlainSearchAtExtremeScales)
+{
+    std::mt19937_64 g(2718);
+    for (double scale : {1e-300, 1e-200, 1e-150, 1e150, 1e200, 1e300}) {
+        for (int round = 0; round < 20; ++round) {
+            EXPECT_TRUE(agrees(disc(g, 15, scale))) << scale;
+            EXPECT_TRUE(agrees(on_circle(g, 12, scale, false))) << scale;
+        }
+    }
+    Points odd = disc(g, 10, 1.0);
+    odd[4] = std::nan("");
+    EXPECT_TRUE(agrees(odd));
+    odd[4] = INFINITY;
+    EXPECT_TRUE(agrees(odd));
+    odd[7] = -INFINITY;
+    EXPECT_TRUE(agrees(odd));
+}
+
 TEST(EnclosingCircle, MatchesPlainSearchAfterToleranceChanges)
 {
     std::mt19937_64 g(99);
