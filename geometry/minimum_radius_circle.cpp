@@ -96,7 +96,7 @@ void swap_points(double* pts, int a, int b)
     std::swap(pts[2 * static_cast<std::size_t>(a) + 1], pts[2 * static_cast<std::size_t>(b) + 1]);
 }
 
-// Step 1: the point of greatest score in each quadrant about the centroid to
+// The point of greatest score in each quadrant about the centroid to
 // positions 0..3; indices still pointing at a vacated slot follow the swap.
 void extremes_to_front(double* pts, int n)
 {
@@ -302,7 +302,7 @@ int collect_open(const std::int32_t* flag, int n, double* open)
     return count;
 }
 
-// Step 2 on flag[] (all kOpen on entry); work holds 2n doubles.
+// The filter, on flag[] (all kOpen on entry); work holds 2n doubles.
 //
 // The hull certificate is taken again over the unflagged points once the
 // triangles tested since the last one have cost a few times as much as it
@@ -385,7 +385,7 @@ bool encloses(const double* cand, int m, double cx, double cy, double r2, int ex
     return true;
 }
 
-// Step 6 over all triples. The terms of TriangleCircumCircle that do not
+// The search over all triples. The terms of TriangleCircumCircle that do not
 // involve P3 are computed once per pair; the rest, per third point, is
 // exactly its sequence of operations.
 struct TripleSearch {
@@ -545,7 +545,7 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
     }
     const double* c = cand.get();
 
-    // Step 3: the bounding box's circle.
+    // The bounding box's circle.
     double xmin = X(c, 0), xmax = xmin, ymin = Y(c, 0), ymax = ymin;
     for (int i = 1; i < m; ++i) {
         double x = X(c, i), y = Y(c, i);
@@ -558,7 +558,7 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
     double best_x = bx, best_y = by;
     double R = (bx - xmin) * (bx - xmin) + (by - ymin) * (by - ymin);
 
-    // Step 4: pairs as diameters. v is the largest r^2 of a pair circle that
+    // Pairs as diameters. v is the largest r^2 of a pair circle that
     // failed, a lower bound below which no circle can enclose all.
     double v = 0;
     bool pair_taken = false;
@@ -583,7 +583,7 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
         }
     }
 
-    // Step 6: circumcircles, only when no pair circle encloses all.
+    // Circumcircles, only when no pair circle encloses all.
     if (!pair_taken) {
         TripleSearch t{c, m, qel::real_tolerance(), v, R, best_x, best_y, last_out};
         t.run();

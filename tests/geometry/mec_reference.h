@@ -32,7 +32,7 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     double* cand = static_cast<double*>(mem_malloc(static_cast<std::uint32_t>(2 * sizeof(double) * n)));
     if (cand == nullptr) return;
 
-    // Step 1: extreme points to the front.
+    // Extreme points to the front.
     double sx = 0, sy = 0;
     for (int i = 0; i < n; ++i) {
         sx += pts[2 * i];
@@ -72,7 +72,7 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     if (i4 == 2) i4 = i3;
     if (n >= 4) swap_pts(3, i4);
 
-    // Step 2: the filter.
+    // The filter.
     int* flag = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(sizeof(int) * n)));
     if (flag == nullptr) {
         mem_free(cand);
@@ -105,7 +105,7 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     }
     mem_free(flag);
 
-    // Step 3: bounding box.
+    // The bounding box.
     double xmin = cand[0], xmax = cand[0], ymin = cand[1], ymax = cand[1];
     for (int i = 1; i < m; ++i) {
         if (cand[2 * i] < xmin) xmin = cand[2 * i];
@@ -119,7 +119,7 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     *radius = R;
 
     const double slack = 1.0 + 1e-12;
-    // Step 4: pairs.
+    // Pairs.
     double v = 0;
     bool taken = false;
     for (int i = 0; i < m; ++i) {
@@ -149,13 +149,12 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
             }
         }
     }
-    // Step 5.
     if (taken) {
         *radius = std::sqrt(R);
         mem_free(cand);
         return;
     }
-    // Step 6: triples.
+    // Triples.
     for (int i = 0; i < m; ++i) {
         for (int j = i + 1; j < m; ++j) {
             for (int k = j + 1; k < m; ++k) {
@@ -180,7 +179,6 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
             }
         }
     }
-    // Step 7.
     *radius = std::sqrt(R);
     mem_free(cand);
 }
