@@ -96,6 +96,32 @@ void Fast_ClosedPolygon(benchmark::State& state)
     }
     state.counters["radius"] = radius;
 }
+// The outline of a square, n / 4 evenly spaced points per side: collinear
+// runs that no hull test can clear.
+void Fast_SquareOutline(benchmark::State& state)
+{
+    int n = static_cast<int>(state.range(0));
+    std::vector<double> pts;
+    int side = n / 4;
+    for (int i = 0; i < side; ++i) {
+        double t = -1 + 2.0 * i / side;
+        double ring[4][2] = {{t, -1}, {1, t}, {-t, 1}, {-1, -t}};
+        for (auto& p : ring) {
+            pts.push_back(p[0]);
+            pts.push_back(p[1]);
+        }
+    }
+    std::vector<double> work;
+    double centre[2], radius = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        work = pts;
+        state.ResumeTiming();
+        MinimumRadiusCircleFromPoints(work.data(), 4 * side, centre, &radius);
+        benchmark::DoNotOptimize(radius);
+    }
+    state.counters["radius"] = radius;
+}
 void Plain_Disc(benchmark::State& s) { run_search<mecref::reference_mec>(s, false); }
 void Plain_Circle(benchmark::State& s) { run_search<mecref::reference_mec>(s, true); }
 void CgalExact_Disc(benchmark::State& s) { run_cgal<CGAL::Exact_predicates_exact_constructions_kernel>(s, false); }
@@ -110,6 +136,7 @@ BENCHMARK(Fast_Circle)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMicroseco
 // Every circumcircle of 3000 points: minutes, one run.
 BENCHMARK(Fast_Circle)->Arg(3000)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Fast_ClosedPolygon)->Arg(101)->Arg(1001)->Arg(3001)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Fast_SquareOutline)->Arg(100)->Arg(400)->Arg(1000)->Arg(3000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Plain_Disc)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Plain_Disc)->Arg(1000)->Arg(3000)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Plain_Circle)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);

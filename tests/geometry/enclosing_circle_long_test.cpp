@@ -21,6 +21,7 @@ TEST(EnclosingCircleLong, MatchesPlainSearchOnLargerSets)
         Points ring = on_circle(g, 60, 5.0, false);
         mixed.insert(mixed.end(), ring.begin(), ring.end());
         ASSERT_TRUE(agrees(mixed)) << round;
+        ASSERT_TRUE(agrees(rectangle_outline(g, 40))) << round;
     }
 }
 

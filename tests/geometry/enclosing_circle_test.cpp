@@ -156,9 +156,10 @@ TEST(EnclosingCircle, MatchesPlainSearchOnRandomSets)
         ASSERT_TRUE(agrees(on_circle(g, std::min(n, 16), 1e-3, true))) << "polygon round " << round;
         ASSERT_TRUE(agrees(cocircular_integers(g, std::min(n, 14)))) << "lattice round " << round;
         ASSERT_TRUE(agrees(rotated_rectangle(g, n % 5))) << "rectangle round " << round;
-        checked += 8;
+        ASSERT_TRUE(agrees(rectangle_outline(g, 1 + n / 4))) << "outline round " << round;
+        checked += 9;
     }
-    EXPECT_EQ(checked, 3200);
+    EXPECT_EQ(checked, 3600);
 }
 
 // Circles of many points, several scales, and a near-degenerate sliver: the

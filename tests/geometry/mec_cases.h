@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -158,6 +159,29 @@ inline Points rotated_rectangle(std::mt19937_64& g, int extra)
     put(w / 2, h / 2);
     put(-w / 2, h / 2);
     for (int i = 0; i < extra; ++i) put(in(g) * w, in(g) * h);
+    return pts;
+}
+
+// The outline of an axis-parallel rectangle with points along its sides, in
+// random order: exact collinear runs on the hull.
+inline Points rectangle_outline(std::mt19937_64& g, int per_side)
+{
+    std::uniform_real_distribution<double> u(0.5, 4);
+    double w = u(g), h = u(g);
+    std::vector<std::pair<double, double>> p;
+    for (int i = 0; i < per_side; ++i) {
+        double t = static_cast<double>(i) / per_side;
+        p.push_back({-w + 2 * w * t, -h});
+        p.push_back({w, -h + 2 * h * t});
+        p.push_back({w - 2 * w * t, h});
+        p.push_back({-w, h - 2 * h * t});
+    }
+    std::shuffle(p.begin(), p.end(), g);
+    Points pts;
+    for (auto& q : p) {
+        pts.push_back(q.first);
+        pts.push_back(q.second);
+    }
     return pts;
 }
 
