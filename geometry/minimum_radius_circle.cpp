@@ -70,10 +70,10 @@ namespace {
 // Squared distances above r^2 times this are outside.
 constexpr double kSlack = 1.0 + 1e-12;
 
-// Flag states. A certified hull vertex is never flagged.
+// Flag states. A point proven safe is never flagged.
 constexpr std::int32_t kOpen = 0;
 constexpr std::int32_t kFlagged = 1;
-constexpr std::int32_t kHullSafe = 2;
+constexpr std::int32_t kSafe = 2;
 
 // Error-bounded cross products are only trusted between these magnitudes of
 // their bound |a|_1 |b|_1: no overflow, and underflow below any margin used.
@@ -147,10 +147,23 @@ void extremes_to_front(double* pts, int n)
 
 // --- Filter ---------------------------------------------------------------
 
-// Whether no triangle of other unflagged points can ever flag p, given its
-// two hull neighbours q and r (see the file comment for the bounds). Flagged
-// points never again make a triangle, so they do not count.
-bool hull_vertex_is_safe(const double* pts, int n, const std::int32_t* flag, int p, int q, int r)
+// Whether x, seen from p as u = x - p, is within the double tolerance of p
+// exactly as the vertex test of the point-in-triangle test decides it. A
+// triangle with such a vertex never flags p unless p is exactly on a vertex.
+inline bool near_vertex(double ux, double uy, double tol)
+{
+    double d2 = ux * ux + uy * uy;
+    return !(d2 > tol) && !(d2 < -tol);
+}
+
+// Whether no triangle of other unflagged points can ever flag p, given two
+// points q and r whose directions from p bound a cone that should hold every
+// other unflagged point (see the file comment for the bounds). Flagged points
+// never again make a triangle, and points within the tolerance of p only
+// make triangles that give 0, so neither counts; an exact duplicate of p
+// spoils it.
+bool cone_is_safe(const double* pts, int n, const std::int32_t* flag, double tol, int p, int q,
+                  int r)
 {
     double px = X(pts, p), py = Y(pts, p);
     double ax = X(pts, q) - px, ay = Y(pts, q) - py;
@@ -163,12 +176,16 @@ bool hull_vertex_is_safe(const double* pts, int n, const std::int32_t* flag, int
     }
     double na = norm1(ax, ay), nb = norm1(bx, by);
     double b0 = na * nb;
-    if (!bound_usable(b0) || !(apex >= 1e-9 * b0)) return false;
+    // Open by at least 1e-9 less than a half-turn, or narrower than a
+    // quarter-turn, where a small apex is no doubt.
+    if (!bound_usable(b0)) return false;
+    if (!(apex >= 1e-9 * b0) && !(ax * bx + ay * by >= 0.1 * b0)) return false;
 
     for (int x = 0; x < n; ++x) {
         if (x == p || flag[x] == kFlagged) continue;
         double ux = X(pts, x) - px, uy = Y(pts, x) - py;
         if (ux == 0 && uy == 0) return false;
+        if (near_vertex(ux, uy, tol)) continue;
         double nu = norm1(ux, uy);
         double b1 = na * nu, b2 = nu * nb;
         if (!bound_usable(b1) || !bound_usable(b2)) return false;
@@ -176,6 +193,45 @@ bool hull_vertex_is_safe(const double* pts, int n, const std::int32_t* flag, int
         if (!(cross(ux, uy, bx, by) >= -1e-13 * b2)) return false;
     }
     return true;
+}
+
+// The same for a point that is no hull vertex: the cone is grown over the
+// directions to the other unflagged points, then checked as above. With
+// fewer than three points beyond the tolerance every triangle has a vertex
+// within it, and p is safe as long as nothing duplicates it exactly.
+bool point_is_safe(const double* pts, int n, const std::int32_t* flag, double tol, int p)
+{
+    double px = X(pts, p), py = Y(pts, p);
+    double ax = 0, ay = 0, bx = 0, by = 0;
+    int q = -1, r = -1, far = 0;
+    for (int x = 0; x < n; ++x) {
+        if (x == p || flag[x] == kFlagged) continue;
+        double ux = X(pts, x) - px, uy = Y(pts, x) - py;
+        if (ux == 0 && uy == 0) return false;
+        if (near_vertex(ux, uy, tol)) continue;
+        ++far;
+        if (q < 0) {
+            ax = bx = ux;
+            ay = by = uy;
+            q = r = x;
+            continue;
+        }
+        double ca = cross(ax, ay, ux, uy), cb = cross(ux, uy, bx, by);
+        if (ca >= 0 && cb >= 0) continue;
+        if (ca < 0) {
+            if (!(cross(ux, uy, bx, by) > 0)) return false;
+            ax = ux;
+            ay = uy;
+            q = x;
+        } else {
+            if (!(cross(ax, ay, ux, uy) > 0)) return false;
+            bx = ux;
+            by = uy;
+            r = x;
+        }
+    }
+    if (far < 3) return true;
+    return q != r && cone_is_safe(pts, n, flag, tol, p, q, r);
 }
 
 // Monotone chain over the indices sorted in order[0..n); the chain (at most n
@@ -199,9 +255,10 @@ int hull_chain(const double* pts, int n, const double* order, double* chain, boo
 }
 
 // Marks the vertices of the hull of the unflagged points that can never be
-// flagged as kHullSafe. work holds 2n doubles. Returns a measure of the work
+// flagged as kSafe. work holds 2n doubles. Returns a measure of the work
 // done, in point visits.
-double mark_safe_hull_vertices(const double* pts, int n, double* work, std::int32_t* flag)
+double mark_safe_hull_vertices(const double* pts, int n, double tol, double* work,
+                               std::int32_t* flag)
 {
     double* order = work;
     int u = 0;
@@ -221,7 +278,7 @@ double mark_safe_hull_vertices(const double* pts, int n, double* work, std::int3
     double visits = 4.0 * u + 1;
     auto certify = [&](int p, int q, int r) {
         visits += n;
-        if (flag[p] == kOpen && hull_vertex_is_safe(pts, n, flag, p, q, r)) flag[p] = kHullSafe;
+        if (flag[p] == kOpen && cone_is_safe(pts, n, flag, tol, p, q, r)) flag[p] = kSafe;
     };
 
     int len = hull_chain(pts, u, order, chain, true);
@@ -304,20 +361,21 @@ int collect_open(const std::int32_t* flag, int n, double* open)
 
 // The filter, on flag[] (all kOpen on entry); work holds 2n doubles.
 //
-// The hull certificate is taken again over the unflagged points once the
-// triangles tested since the last one have cost a few times as much as it
-// did: a vertex that had an exact duplicate, or a point that was inside the
-// hull of points flagged since, may have become safe.
+// Safety is proven again over the unflagged points once the triangles tested
+// since have cost a few times as much as the proof did: a vertex that had an
+// exact duplicate, or a point that was inside the hull of points flagged
+// since, may have become safe. The hull vertices are checked first and
+// cheaply; the remaining testable points one by one, at n visits each.
 void filter(const double* pts, int n, double* work, std::int32_t* flag)
 {
-    double certify_cost = mark_safe_hull_vertices(pts, n, work, flag);
+    double tol = qel::real_tolerance();
+    double hull_cost = mark_safe_hull_vertices(pts, n, tol, work, flag);
     double* open = work;
     int open_count = collect_open(flag, n, open);
     if (open_count == 0) return;
 
-    double spent = 0;
-    bool flagged_since = false;
-    double tol = qel::real_tolerance();
+    double spent_hull = 0, spent_open = 0;
+    bool hull_stale = false, open_stale = true;
     for (int i = 0; i < n; ++i) {
         if (flag[i] == kFlagged) continue;
         for (int j = i + 1; j < n; ++j) {
@@ -336,23 +394,33 @@ void filter(const double* pts, int n, double* work, std::int32_t* flag)
                     if (t.v[s][1] < t.ymin) t.ymin = t.v[s][1];
                     if (t.v[s][1] > t.ymax) t.ymax = t.v[s][1];
                 }
-                spent += open_count + 4;
+                spent_hull += open_count + 4;
+                spent_open += open_count + 4;
                 int kept = 0;
                 for (int s = 0; s < open_count; ++s) {
                     int p = static_cast<int>(open[s]);
                     if (p != i && p != j && p != k && flags_point(t, P(pts, p), tol)) {
                         flag[p] = kFlagged;
-                        flagged_since = true;
+                        hull_stale = open_stale = true;
                         continue;
                     }
                     open[kept++] = p;
                 }
                 open_count = kept;
-                if (flagged_since && spent > 4 * certify_cost) {
-                    certify_cost = mark_safe_hull_vertices(pts, n, work, flag);
+                if (hull_stale && spent_hull > 4 * hull_cost) {
+                    hull_cost = mark_safe_hull_vertices(pts, n, tol, work, flag);
                     open_count = collect_open(flag, n, open);
-                    spent = 0;
-                    flagged_since = false;
+                    spent_hull = 0;
+                    hull_stale = false;
+                }
+                if (open_stale && spent_open > 4.0 * open_count * n) {
+                    for (int s = 0; s < open_count; ++s) {
+                        int p = static_cast<int>(open[s]);
+                        if (point_is_safe(pts, n, flag, tol, p)) flag[p] = kSafe;
+                    }
+                    open_count = collect_open(flag, n, open);
+                    spent_open = 0;
+                    open_stale = false;
                 }
                 if (open_count == 0) return;
             }

@@ -183,6 +183,12 @@ TEST(EnclosingCircle, MatchesPlainSearchOnHarderSets)
         Points ring = on_circle(g, 20, 2.0, false);
         mixed.insert(mixed.end(), ring.begin(), ring.end());
         ASSERT_TRUE(agrees(mixed)) << round;
+        // A point just inside a vertex, within the tolerance of it: only
+        // triangles on that vertex hold it, and they give 0.
+        Points dented = on_circle(g, 40, 1.0, true);
+        dented.push_back(dented[4] * (1 - 1e-6));
+        dented.push_back(dented[5] * (1 - 1e-6));
+        ASSERT_TRUE(agrees(dented)) << round;
         // A closed outline: the first point again at the end.
         Points closed = on_circle(g, 30, 4.0, round % 2 == 0);
         closed.push_back(closed[0]);
