@@ -13,15 +13,17 @@
 // replaces the earlier.
 //
 // This file reaches exactly that result, bit for bit, with far less work:
-//  - Filter. Only points that some triangle can flag are tested. A vertex p
-//    of the hull of the unflagged points whose hull neighbours span a cone of
-//    less than pi - 1e-9 at p, that contains every other unflagged point (up
-//    to 2e-13 rad) and that has no exact duplicate among them can never be
-//    flagged: seen from p, all vertex directions of any later triangle lie
-//    in one half-turn, so no angle difference wraps and the angle sum stays
-//    near 0. The check uses relative error bounds of the floating cross
-//    products; a vertex that fails it is simply tested like any other
-//    point. It is repeated over the shrinking unflagged set whenever the
+//  - Filter. Only points that some triangle can still flag are tested. A
+//    point p is safe when the directions from p to all other unflagged
+//    points, leaving out those within the tolerance of p (a triangle on such
+//    a vertex gives 0), lie in a cone of less than pi - 1e-9 (up to 2e-13
+//    rad) and none is exactly p: seen from p, the vertices of any later
+//    triangle then lie in one half-turn, no angle difference wraps and the
+//    angle sum stays near 0. The cone of a vertex of the hull of the
+//    unflagged points is spanned by its hull neighbours; other points grow
+//    theirs over all directions. The check uses relative error bounds of the
+//    floating cross products; a point that fails it is simply tested. Both
+//    proofs are repeated over the shrinking unflagged set whenever the
 //    triangles tested since have cost a few times as much (a duplicate of a
 //    vertex, once flagged, no longer spoils it). Once no testable point is
 //    left the remaining triangles cannot change anything and the filter
