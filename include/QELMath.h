@@ -289,7 +289,7 @@ QELMATH_API double TriangleInscribedCircle(double* const p1, double* const p2, d
  * circle only beyond r^2 (1 + 1e-12). Takes 2n doubles, then n 32-bit ints,
  * from mem_malloc; if either request fails nothing is written. Scattered
  * points are quick (3000 in a disc: milliseconds); points on one circle cost
- * of the order of n^3 (about a second at n = 1000). */
+ * of the order of n^3 (a quarter of a second at n = 1000). */
 QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centre, double* radius);
 
 /* ---------------------------------------------------------------------------
