@@ -84,18 +84,23 @@ TEST(EnclosingCircle, CocircularPointsFindTheirCircle)
 }
 
 // A point within the tolerance of a vertex but not on it stays a candidate,
-// so the circle still holds it.
+// so the circle still holds it. (10, 5 + 3e-5) is 3e-5 from the vertex
+// (10, 5), inside the triangle's box, outside the triangle and 1.2e-11
+// (relative) outside the circle of the other three.
 TEST(EnclosingCircle, PointNearAVertexIsNotSetAside)
 {
-    Points pts = {0, 0, 10, 0, 0, 10, 10 + 2e-6, 0, 3, 3};
+    Points pts = {0, 0, 10, 5, 0, 10, 10, 5 + 3e-5, 3, 3};
     Points copy = pts;
     Circle c = fast(pts);
     EXPECT_TRUE(encloses_all(copy, c));
+    Points three = {0, 0, 10, 5, 0, 10};
+    Circle without = fast(three);
+    EXPECT_FALSE(encloses_all(copy, without));
     EXPECT_TRUE(agrees(copy));
     // An exact duplicate of a vertex is set aside and changes nothing.
     Points dup = {0, 0, 10, 0, 0, 10, 10, 0, 3, 3};
-    Points three = {0, 0, 10, 0, 0, 10};
-    EXPECT_EQ(fast(dup).r, fast(three).r);
+    Points bare = {0, 0, 10, 0, 0, 10};
+    EXPECT_EQ(fast(dup).r, fast(bare).r);
 }
 
 TEST(EnclosingCircle, RequestsAndReleases)
