@@ -327,30 +327,63 @@ QELMATH_API int mt_Inv4(double* a);
  * Plane and space geometry
  * ------------------------------------------------------------------------- */
 
-/* Classifies p against the line through a and b. */
+/* Classifies p against the line through a and b, in space: 1 p is a, 2 p is b
+ * (point tolerance), -3 a and b coincide, 0 on the segment, -1 beyond a,
+ * -2 beyond b (triangle-inequality defect of the distances within the double
+ * tolerance, absolute, not scaled by |ab|), 3 off the line. */
 QELMATH_API int PointIsOnLine(double* const a, double* const b, double* const p);
-/* Implicit form of the line through a and b into coef. */
+/* Implicit form a*x + b*y + c = 0 of the line through a and b, unscaled, into
+ * coef[0..2] (always written); positive right of a->b. 1, or 0 when a and b
+ * coincide in the plane (squared length within the double tolerance). */
 QELMATH_API int NormalizeLine(double* const a, double* const b, double* const coef);
-/* Distance from p to the line through a and b, in the plane / in space. */
+/* Distance from p to the infinite line through a and b in the plane. A line
+ * whose squared length is within the double tolerance counts as the point a. */
 QELMATH_API double DistPoint2Line2d(double* const p, double* const a, double* const b);
+/* Distance from p to the infinite line through a and b in space (Heron).
+ * |ab| within the double tolerance gives |pa|; a point on the line gives 0,
+ * never NaN. */
 QELMATH_API double DistPoint2Line(double* const p, double* const a, double* const b);
-/* Arc from two end points and a bulge: 0 done, 1 straight segment, -1 / -2
- * degenerate input. */
+/* Arc from two end points and a bulge (tan of a quarter of the included
+ * angle; positive counter-clockwise), reported counter-clockwise from start
+ * to end, angles in [0, 2pi): 0 done; 1 bulge zero (double tolerance);
+ * -2 end points at different heights; -1 end points coincide in the plane.
+ * Nothing is written unless the result is 0. centre.z is the mean height. */
 QELMATH_API int Bulge2Arc(double* const p1, double* const p2, double bulge, double* const centre, double* radius, double* start, double* end);
-/* Arc through three points: 0 done, -1 / -2 degenerate input. */
+/* Arc from p1 through p2 to p3, reported counter-clockwise (reversed when the
+ * three run clockwise), angles in [0, 2pi). The centre is computed (never
+ * read); centre.z = p2.z on every path. 0 done (centre, radius, start, end);
+ * -2 p1 and p3 coincide in the plane: the circle on the diameter p1 p2
+ * (centre x, y and radius, no angles); -1 all coincide, collinear, or p2 on
+ * an end point (only centre.z). */
 QELMATH_API int ThreePoints2Arc(double* const p1, double* const p2, double* const p3, double* const centre, double* radius, double* start, double* end);
-/* Classifies p against the circle of centre and radius r. */
+/* 0 when the space distance from centre to p equals r by the double
+ * tolerance (relative to r), -2 inside, -1 outside. */
 QELMATH_API int PointIsOnCircle(double* const centre, double r, double* const p);
-/* Circumscribed circle: writes the centre, returns the radius. */
+/* Circumscribed circle in the plane: writes centre x, y (z untouched) and
+ * returns the radius. Collinear or coincident points (determinant within the
+ * double tolerance): the bounding box's centre and its full diagonal. */
 QELMATH_API double TriangleCircumCircle(double* const p1, double* const p2, double* const p3, double* const centre);
-/* Classifies p against the triangle p1 p2 p3. */
+/* p against the triangle p1 p2 p3 in the plane: 1 inside, 0 within the double
+ * tolerance (squared distance) of a vertex, -1 outside. A point exactly on
+ * an edge gets the result the rounding of its angle sum gives. */
 QELMATH_API int PointIsInTriangle(double* const p1, double* const p2, double* const p3, double* const p);
-/* Perimeter and area of a triangle in space. */
+/* |p1p2| + |p2p3| in space: two sides, the closing side is not added. */
 QELMATH_API double TranglePerimeter(double* const p1, double* const p2, double* const p3);
+/* Area of the triangle in space: half the length of (p2-p1) x (p3-p1). */
 QELMATH_API double TrangleArea(double* const p1, double* const p2, double* const p3);
-/* Inscribed circle in the plane: writes the centre, returns the radius. */
+/* Inscribed circle in the plane: centre x, y (z untouched) and the radius
+ * |(p2-p1) x (p3-p1)| / perimeter. Perimeter within the double tolerance:
+ * centre p1, radius 0. */
 QELMATH_API double TriangleInscribedCircle(double* const p1, double* const p2, double* const p3, double* const centre);
-/* Smallest circle enclosing n plane points (x, y pairs); reorders pts. */
+/* Smallest circle enclosing n plane points (x, y pairs): centre[0..1] and
+ * radius. n <= 0 writes nothing; 1 the point, radius 0; 2 the midpoint, half
+ * the distance. For n >= 3 pts is reordered (four extreme points first) and
+ * the result is that of an exhaustive search over pair and triple circles of
+ * the points not inside a triangle of others; a point counts as outside a
+ * circle only beyond r^2 (1 + 1e-12). Takes 2n doubles, then n 32-bit ints,
+ * from mem_malloc; if either request fails nothing is written. Scattered
+ * points are quick (3000 in a disc: milliseconds); points on one circle cost
+ * of the order of n^3 (a quarter of a second at n = 1000). */
 QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centre, double* radius);
 
 /* ---------------------------------------------------------------------------
