@@ -1,0 +1,37 @@
+// Reduction of an argument by pi/2 for sine and cosine: x = k * pi/2 + r with
+// |r| <= pi/4 (a hair more where the quotient's rounding decides), k taken
+// modulo 4.
+#ifndef QELMATH_FOUNDATION_REDUCE_PIO2_H
+#define QELMATH_FOUNDATION_REDUCE_PIO2_H
+
+#include <cstdint>
+
+#include "foundation/double_double.h"
+#include "foundation/fixed_point.h"
+
+namespace qel {
+
+constexpr int kTwoOverPiWordCount = 48;
+extern const std::uint32_t kTwoOverPiWords[kTwoOverPiWordCount];
+
+// Arguments below this bound take the Cody-Waite reduction; it keeps the
+// quotient k below 2^19, so k times each 33-bit piece of pi/2 is exact.
+constexpr double kCodyWaiteLimit = 823549.0;  // < 2^19 * pi/2
+
+// Cody-Waite reduction in double-double for finite |x| < kCodyWaiteLimit.
+// Returns k mod 4; r.hi + r.lo is x - k*pi/2 within
+// kCodyWaiteAbsError + 2^-100 |r|.
+constexpr double kCodyWaiteAbsError = 0x1p-130;
+int reduce_pio2_cody_waite(double x, dd::DD& r);
+
+// Payne-Hanek reduction for any finite x: returns k mod 4 and the reduced
+// argument in fixed point, within 2^-220 absolute.
+int reduce_pio2_fixed(double x, fx::Fixed& r);
+
+// Payne-Hanek reduction to double-double for finite |x| >= 1: returns k mod 4;
+// r.hi + r.lo is within 2^-100 |r| of x - k*pi/2.
+int reduce_pio2_huge(double x, dd::DD& r);
+
+}  // namespace qel
+
+#endif
