@@ -1,10 +1,10 @@
 // atan, correctly rounded to nearest for every double.
 //
 // Method: atan x = atan z for z = |x| <= 1, and pi/2 - atan z with z = 1/|x|
-// (a double-double: the remainder 1 - zh |x| is exact through two_prod) for
-// |x| > 1; atan z from the double-double kernel (atan_kernel.cpp). The
+// for |x| > 1; atan z from the double-double kernel (atan_kernel.cpp), which
+// takes z as the pair (|x|, 1) or (1, |x|), so 1/|x| is never rounded. The
 // combination with pi/2 is a double-double sum (2^-103 of the sum of magnitudes, below 2^-101 of the result); as atan z <= the
-// result, the bound err = (2^-65 + 2^-100)(1 + 2^-20) |y| covers both. When
+// result, the bound err = (2^-66 + 2^-100)(1 + 2^-20) |y| covers both. When
 // the rounding test fails the fixed-point slow path decides (atan_slow.cpp).
 //
 // Special cases: atan(+-0) = +-0; atan(x) = x for |x| < 2^-27 (the true value
@@ -20,20 +20,12 @@ namespace qel {
 bool atan_fast(double x, double* y)
 {
     double ax = dd::abs(x);
-    dd::DD r;
-    if (ax <= 1.0) {
-        r = atan_kernel(ax, 0.0);
-    } else {
-        double zh = 1.0 / ax;
-        double p, pe;
-        dd::two_prod(zh, ax, p, pe);
-        double zl = ((1.0 - p) - pe) / ax;
-        dd::DD t = atan_kernel(zh, zl);
-        r = dd::add(kPio2DD, dd::DD{-t.hi, -t.lo});
-    }
+    bool above_one = ax > 1.0;
+    dd::DD t = atan_kernel(above_one ? 1.0 : ax, above_one ? ax : 1.0, above_one ? 1.0 / ax : ax);
+    dd::DD r = above_one ? dd::add(kPio2DD, dd::DD{-t.hi, -t.lo}) : t;
     double err = dd::abs(r.hi) * ((kAtanKernelError + 0x1p-100) * (1.0 + 0x1p-20));
     if (!dd::rounds_to_hi(r.hi, r.lo, err)) return false;
-    *y = x < 0 ? -r.hi : r.hi;
+    *y = dd::copy_sign(r.hi, x);
     return true;
 }
 

@@ -2,12 +2,11 @@
 //
 // Method: with a = |y| and b = |x|, the angle is t = atan(a/b) when a <= b,
 // else pi/2 - atan(b/a); pi - t mirrors it for x < 0; y's sign is applied
-// last. The ratio q <= 1 is a double-double (the remainder of the division
-// is exact through two_prod) after both operands are scaled by one power of
-// two into [2^-600, 2^500] (exact: the ratio is at least 2^-57 there), and
-// atan q comes from the double-double kernel (atan_kernel.cpp). Every
+// last. Both operands are scaled by one power of two into [2^-600, 2^500]
+// (exact: the ratio is at least 2^-57 there) and handed as a pair to the
+// double-double kernel (atan_kernel.cpp), so the ratio is never rounded. Every
 // combination adds a double-double constant to a value no larger than the
-// result, so err = (2^-65 + 2^-100)(1 + 2^-20) |result| bounds it. When the
+// result, so err = (2^-66 + 2^-100)(1 + 2^-20) |result| bounds it. When the
 // rounding test fails the fixed-point slow path decides (atan_slow.cpp).
 //
 // Extreme ratios are decided exactly:
@@ -123,11 +122,7 @@ bool atan2_fast(double y, double x, double* out)
         num *= 0x1p600;
         den *= 0x1p600;
     }
-    double qh = num / den;
-    double p, pe;
-    dd::two_prod(qh, den, p, pe);
-    double ql = ((num - p) - pe) / den;
-    dd::DD t = atan_kernel(qh, ql);
+    dd::DD t = atan_kernel(num, den, num / den);
     dd::DD r;
     if (!swap)
         r = x > 0 ? t : dd::add(kPiDD, dd::DD{-t.hi, -t.lo});

@@ -1,14 +1,14 @@
 // Slow paths of atan and atan2, in 224-bit fixed point.
 //
 // Method: the ratio z in [0, 1] is formed exactly to 224 bits by binary long
-// division of the significands; the double-double kernel's t0 ~ atan z
-// (relative error e0 < 2^-65) is refined by one Newton step on
+// division of the significands; the double-double kernel's t0 ~ atan z,
+// taken at z rounded to a double (relative error e0 < 2^-52), is refined by one Newton step on
 // f(t) = sin t - z cos t:
 //   t1 = t0 - (sin t0 - z cos t0) / (cos t0 + z sin t0),
 // with sin and cos in fixed point (sin_cos_fixed) and the correction divided
 // in double-double. As f'' = -f vanishes at the root, the step leaves an
-// error of order e0^3 < 2^-190; the correction's relative error 2^-100 on a
-// correction below 2^-60 |t| and the fixed-point steps (2^-213 absolute) keep
+// error of order e0^3 < 2^-155; the correction's relative error 2^-100 on a
+// correction below 2^-51 |t| and the fixed-point steps (2^-213 absolute) keep
 // the total below 2^-150 relative for every t >= 2^-57 handled here. The
 // quadrant is then applied in fixed point (pi/2 - t, pi - t, pi/2 + t) and
 // the result rounded to nearest once.
@@ -30,8 +30,8 @@ fx::Fixed from_dd(const dd::DD& a) { return fx::add(fx::from_double(a.hi), fx::f
 // atan z for z in [0, 1].
 fx::Fixed atan_fixed(const fx::Fixed& z)
 {
-    dd::DD zd = to_dd(z);
-    fx::Fixed t0 = from_dd(atan_kernel(zd.hi, zd.lo));
+    double zh = fx::to_double(z);
+    fx::Fixed t0 = from_dd(atan_kernel(zh, 1.0, zh));
     fx::Fixed s, c;
     sin_cos_fixed(t0, &s, &c);
     dd::DD num = to_dd(fx::sub(s, fx::mul(z, c)));

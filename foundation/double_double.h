@@ -80,6 +80,33 @@ inline void two_prod(double a, double b, double& p, double& e)
     e = ((ah * bh - p) + ah * bl + al * bh) + al * bl;
 }
 
+// two_prod with b already split into bh + bl (saves a split when one factor
+// meets several others).
+inline void two_prod_split(double a, double b, double bh, double bl, double& p, double& e)
+{
+    p = a * b;
+    double ah, al;
+    split(a, ah, al);
+    e = ((ah * bh - p) + ah * bl + al * bh) + al * bl;
+}
+
+// two_prod with both factors already split.
+inline void two_prod_presplit(double a, double ah, double al, double b, double bh, double bl, double& p,
+                              double& e)
+{
+    p = a * b;
+    e = ((ah * bh - p) + ah * bl + al * bh) + al * bl;
+}
+
+// two_prod for a factor c of at most 26 significant bits (its split is c + 0).
+inline void two_prod_short(double c, double b, double& p, double& e)
+{
+    p = c * b;
+    double bh, bl;
+    split(b, bh, bl);
+    e = (c * bh - p) + c * bl;
+}
+
 // (a.hi + a.lo) * (b.hi + b.lo), relative error below 2^-102 for normalised
 // operands (the al*bl term and two roundings of the cross terms).
 inline DD mul(DD a, DD b)

@@ -20,7 +20,8 @@
 namespace qel {
 
 constexpr int kSinCosTableSize = 204;
-extern const double kSinCosTable[kSinCosTableSize][4];  // sin hi, lo, cos hi, lo
+// sin hi, lo, cos hi, lo, split of sin hi, split of cos hi
+extern const double kSinCosTable[kSinCosTableSize][8];
 constexpr int kAtanTableSize = 129;
 extern const double kAtanTable[kAtanTableSize][2];
 
@@ -31,16 +32,19 @@ extern const fx::Fixed kPio2Fixed;
 extern const fx::Fixed kPiFixed;
 
 // Relative error bounds of the double-double kernels on their domains.
-constexpr double kSinCosKernelError = 0x1p-66;
-constexpr double kAtanKernelError = 0x1p-65;
+constexpr double kSinKernelError = 0x1p-67;
+constexpr double kCosKernelError = 0x1p-68;
+constexpr double kAtanKernelError = 0x1p-66;
 
-// sin(r) and cos(r) for |r| <= 0.7854 (r = rh + rl, |rl| <= 2^-53 |rh|),
-// each within kSinCosKernelError of its magnitude.
-void sin_cos_kernel(double rh, double rl, dd::DD* s, dd::DD* c);
+// sin(r) (which == 0) or cos(r) (which == 1) for |r| <= 0.7854, r = rh + rl
+// with |rl| <= 2^-53 |rh|, within kSinKernelError or kCosKernelError of its
+// magnitude.
+dd::DD sin_cos_kernel(double rh, double rl, int which);
 
-// atan(z) for z = zh + zl in [0, 1], |zl| <= 2^-52 |zh|, within
-// kAtanKernelError of its magnitude.
-dd::DD atan_kernel(double zh, double zl);
+// atan(a/b) for 0 < a <= b, both in [2^-600, 2^500], within
+// kAtanKernelError of its magnitude; z is a/b to within 2^-20 (it picks the
+// table point only).
+dd::DD atan_kernel(double a, double b, double z);
 
 // Fast paths: true and *y set when the fast result is proven correctly
 // rounded; false when the slow path must decide. Finite, non-tiny arguments

@@ -103,7 +103,8 @@ int quarter_turns(double ax, fx::Fixed& f)
 
 int reduce_pio2_cody_waite(double x, dd::DD& r)
 {
-    double kd = (x * kTwoOverPi + 0x1.8p52) - 0x1.8p52;
+    double shifted = x * kTwoOverPi + 0x1.8p52;
+    double kd = shifted - 0x1.8p52;
     double a = x - kd * kP1;
     double s, e;
     dd::two_sum(a, -(kd * kP2), s, e);
@@ -111,8 +112,7 @@ int reduce_pio2_cody_waite(double x, dd::DD& r)
     dd::two_sum(s, -(kd * kP3), s2, e2);
     double t = (e + e2) - kd * kP4;
     dd::two_sum(s2, t, r.hi, r.lo);
-    int k = static_cast<int>(kd);
-    return static_cast<int>(static_cast<unsigned>(k) & 3u);
+    return static_cast<int>(dd::bits_of(shifted) & 3u);  // k mod 4, two's complement bits
 }
 
 int reduce_pio2_fixed(double x, fx::Fixed& r)
@@ -131,10 +131,31 @@ int reduce_pio2_huge(double x, dd::DD& r)
 {
     fx::Fixed f;
     int k = quarter_turns(dd::abs(x), f);
-    // f to double-double: the leading double is exact in fixed point (|f| is
-    // at least 2^-62, so its last bit lies above 2^-115).
-    double fh = fx::to_double(f);
-    double fl = fx::to_double(fx::sub(f, fx::from_double(fh)));
+    // f to double-double by integer operations: the first 106 bits from the
+    // leading one, as two 53-bit integers (exact as doubles). The bits beyond
+    // are dropped: relative error below 2^-105.
+    bool negative = fx::is_negative(f);
+    if (negative) f = fx::neg(f);
+    int i = 1;
+    while (i < fx::kWords && f.w[i] == 0) ++i;  // |f| >= 2^-62: i <= 2
+    std::uint64_t w0 = f.w[i], w1 = i + 1 < fx::kWords ? f.w[i + 1] : 0u;
+    std::uint64_t w2 = i + 2 < fx::kWords ? f.w[i + 2] : 0u, w3 = i + 3 < fx::kWords ? f.w[i + 3] : 0u;
+    std::uint64_t top = (w0 << 32) | w1, low = (w2 << 32) | w3;
+    int lead = -32 * i + 31;  // weight exponent of bit 63 of top
+    int lz = __builtin_clzll(top);  // top != 0: w0 is the leading nonzero word
+    if (lz > 0) {
+        top = (top << lz) | (low >> (64 - lz));
+        low <<= lz;
+        lead -= lz;
+    }
+    std::uint64_t m1 = top >> 11;
+    std::uint64_t m2 = ((top & 0x7FFu) << 42) | (low >> 22);
+    double fh = static_cast<double>(m1) * dd::pow2(lead - 52);
+    double fl = static_cast<double>(m2) * dd::pow2(lead - 105);
+    if (negative) {
+        fh = -fh;
+        fl = -fl;
+    }
     r = dd::mul(dd::DD{fh, fl}, kPio2DD);
     if (x < 0) {
         r.hi = -r.hi;

@@ -3,12 +3,13 @@
 // Method: reduction by pi/2 (Cody-Waite below 823549, Payne-Hanek above, see
 // reduce_pio2.cpp), the double-double kernel of sin_cos_kernel.cpp, and a
 // rounding test with the bound
-//   err = 2^-66 |y|                 (kernel, kSinCosKernelError)
+//   err = eps |y|                   (kernel: eps = 2^-67 when the kernel
+//                                    computed sin r, 2^-68 for cos r)
 //       + 2^-130 + 2^-100 |r|       (reduction, absolute: |sin'|, |cos'| <= 1;
-//                                    2^-100 |r| <= 2^-99.6 |y| for sine, and
-//                                    only 2^-100 r^2 for cosine)
-// which the code takes as 2^-66 (1 + 2^-20) |y| + 2^-129. When the test
-// cannot prove that hi + lo rounds to hi, the slow path in fixed point
+//                                    2^-100 |r| <= 2^-99.6 |y| for sin r, and
+//                                    only 2^-100 r^2 for cos r)
+// which the code takes as (eps + 2^-99)(1 + 2^-20) |y| + 2^-129. When the
+// test cannot prove that hi + lo rounds to hi, the slow path in fixed point
 // decides (sin_cos_slow.cpp): on random arguments about one call in 10^4.
 //
 // Special cases: sin(+-0) = +-0; sin(x) = x for |x| < 2^-26 (the true value
@@ -22,26 +23,24 @@ namespace qel {
 
 namespace {
 
-constexpr double kPio4 = 0x1.921fb54442d18p-1;
-
-// x = k*pi/2 + r; returns k mod 4.
+// x = k*pi/2 + r; returns k mod 4. Cody-Waite also serves |x| <= pi/4
+// (k = 0 and r = x exactly), which spares a branch.
 inline int reduce(double x, dd::DD& r)
 {
-    double ax = dd::abs(x);
-    if (ax <= kPio4) {
-        r.hi = x;
-        r.lo = 0.0;
-        return 0;
-    }
-    if (ax < kCodyWaiteLimit) return reduce_pio2_cody_waite(x, r);
+    if (dd::abs(x) < kCodyWaiteLimit) return reduce_pio2_cody_waite(x, r);
     return reduce_pio2_huge(x, r);
 }
 
-inline bool decide(const dd::DD& y, bool negate, double* out)
+// sin(x) with x = k*pi/2 + r is [sin r, cos r, -sin r, -cos r][k mod 4].
+inline bool sin_quadrant_fast(const dd::DD& r, int k, double* out)
 {
-    double err = dd::abs(y.hi) * (kSinCosKernelError * (1.0 + 0x1p-20)) + 0x1p-129;
+    static constexpr double kBound[2] = {(kSinKernelError + 0x1p-99) * (1.0 + 0x1p-20),
+                                         (kCosKernelError + 0x1p-99) * (1.0 + 0x1p-20)};
+    int which = k & 1;
+    dd::DD y = sin_cos_kernel(r.hi, r.lo, which);
+    double err = dd::abs(y.hi) * kBound[which] + 0x1p-129;
     if (!dd::rounds_to_hi(y.hi, y.lo, err)) return false;
-    *out = negate ? -y.hi : y.hi;
+    *out = dd::from_bits(dd::bits_of(y.hi) ^ (static_cast<std::uint64_t>(k & 2) << 62));
     return true;
 }
 
@@ -51,24 +50,16 @@ inline bool is_tiny_or_special(double x) { return !(dd::abs(x) >= 0x1p-27 && dd:
 
 bool sin_fast(double x, double* y)
 {
-    dd::DD r, v;
+    dd::DD r;
     int k = reduce(x, r);
-    if (k & 1)
-        sin_cos_kernel(r.hi, r.lo, nullptr, &v);
-    else
-        sin_cos_kernel(r.hi, r.lo, &v, nullptr);
-    return decide(v, (k & 2) != 0, y);
+    return sin_quadrant_fast(r, k, y);
 }
 
 bool cos_fast(double x, double* y)
 {
-    dd::DD r, v;
-    int k = (reduce(x, r) + 1) & 3;
-    if (k & 1)
-        sin_cos_kernel(r.hi, r.lo, nullptr, &v);
-    else
-        sin_cos_kernel(r.hi, r.lo, &v, nullptr);
-    return decide(v, (k & 2) != 0, y);
+    dd::DD r;
+    int k = reduce(x, r);
+    return sin_quadrant_fast(r, k + 1, y);  // cos x = sin(x + pi/2)
 }
 
 double sin(double x)
@@ -100,15 +91,11 @@ void sincos(double x, double* s, double* c)
         *c = qel::cos(x);
         return;
     }
-    // One reduction, one kernel call for both.
-    dd::DD r, sv, cv;
+    // One reduction for both.
+    dd::DD r;
     int k = reduce(x, r);
-    sin_cos_kernel(r.hi, r.lo, &sv, &cv);
-    // sin x = [sin r, cos r, -sin r, -cos r][k], cos x = the same at k + 1.
-    const dd::DD& sin_src = (k & 1) ? cv : sv;
-    const dd::DD& cos_src = (k & 1) ? sv : cv;
-    if (!decide(sin_src, (k & 2) != 0, s)) *s = sin_slow(x);
-    if (!decide(cos_src, ((k + 1) & 2) != 0, c)) *c = cos_slow(x);
+    if (!sin_quadrant_fast(r, k, s)) *s = sin_slow(x);
+    if (!sin_quadrant_fast(r, k + 1, c)) *c = cos_slow(x);
 }
 
 }  // namespace qel

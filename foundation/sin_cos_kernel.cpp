@@ -1,24 +1,31 @@
 // Double-double kernel of sine and cosine on |r| <= pi/4.
 //
 // Method: with a = i/256 the nearest table point to |r| and t = |r| - a
-// (|t| <= 2^-9, exact as a double-double),
-//   sin r = sin a + (sin a * C + cos a * S)
-//   cos r = cos a + (cos a * C - sin a * S)
+// (|t| <= 2^-9, exact as the unevaluated sum th + tl),
+//   sin r = sin a + (cos a * S + sin a * C)
+//   cos r = cos a + (-sin a * S + cos a * C)
 // where S = sin t and C = cos t - 1 come from their Taylor series:
 //   S = t + t^3 (-1/6 + t^2/120 - t^4/5040 + t^6/362880)   (next term below
 //       2^-105 |t|)
-//   C = -t^2/2 + t^4 (1/24 - t^2/720 + t^4/40320)          (next below 2^-97)
+//   C = t^2 (-1/2 + t^2/24 - t^4/720 + t^6/40320)          (next below 2^-97)
 // and sin a, cos a are tabulated to 106 bits.
 //
-// Error bound (relative to the result y): the cubic part of S has magnitude
-// at most t^2/6 <= 2^-18.6 of |t| and is computed with about six roundings
-// and t^2 rounded once (relative 2^-50 together): 2^-68.6 of |t|, and |t| is
-// at most |y| (i = 0, y ~ t) or at most |y| (i >= 1: |r| >= 2^-9 so
-// |y| >= 2^-9.1 while |t| <= 2^-9) - so 2^-68.4 |y|. C is a double-double
-// whose low part (2^-36 at most) carries 2^-89. The products sin a * C and
-// cos a * S add at most 2^-71 |y| and 2^-72 |y|, the tables 2^-105, the
-// final sums 2^-104. Total below 2^-67.6 |y|; kSinCosKernelError = 2^-66
-// keeps a margin of three, and the tests measure the kernel against MPFR.
+// Error bound of sin r (relative to the result y): the cubic part of S has
+// magnitude at most t^2/6 <= 2^-18.6 of |t| and is computed from t rounded
+// once, with about six more roundings (relative 2^-50 together): 2^-68.6 of |t|,
+// and |t| is at most |y| (i = 0: y ~ t; i >= 1: |r| >= 2^-9 so
+// |y| >= 2^-9.1 while |t| <= 2^-9), so 2^-68.4 |y|. C (at most 2^-19) is
+// off by 2^-51 of itself (t^2 rounded once, neglecting 2 t tl, and the
+// polynomial), so sin a * C adds 2^-69 |y| (sin a <= 2 |y|); cos a * th is
+// exact, cos a * (S - th) adds 2^-72 |y|, the tables 2^-105, the final sums
+// 2^-104. Total below 2^-67.5 |y|: kSinKernelError = 2^-67.
+//
+// Error bound of cos r (y >= 0.7): C's error (2^-70) times cos a, the
+// rounding of cos a * C (2^-72), the absolute error of S (2^-79.6) times
+// sin a and the tail sums (2^-104) give less than 2^-69.4 |y|:
+// kCosKernelError = 2^-68.
+//
+// The tests measure both against MPFR.
 #include "foundation/elementary_internal.h"
 
 namespace qel {
@@ -35,54 +42,52 @@ constexpr double kC8 = 0x1.a01a01a01a01ap-16;  // 1/40320
 
 }  // namespace
 
-void sin_cos_kernel(double rh, double rl, dd::DD* s, dd::DD* c)
+dd::DD sin_cos_kernel(double rh, double rl, int which)
 {
-    bool negative = rh < 0;
-    if (negative) {
-        rh = -rh;
-        rl = -rl;
-    }
-    int i = static_cast<int>(rh * 256.0 + 0.5);
+    // Work on |r|; sin is odd, cos even. Sign flips are exact bit operations
+    // rather than branches: the quadrants come in random order.
+    std::uint64_t r_sign = dd::bits_of(rh) & 0x8000000000000000ull;
+    rh = dd::from_bits(dd::bits_of(rh) ^ r_sign);
+    rl = dd::from_bits(dd::bits_of(rl) ^ r_sign);
+    // a = i/256 nearest to rh, by the rounding of an addition (i < 2^12, read
+    // from the low bits), which keeps int conversions off the critical path.
+    double shifted = rh * 256.0 + 0x1.8p52;
+    int i = static_cast<int>(dd::bits_of(shifted) & 0xFFFu);
     const double* row = kSinCosTable[i];
-    // t = r - a exactly: rh - a is exact (Sterbenz, or a == 0).
-    double th, tl;
-    dd::two_sum(rh - i * 0x1p-8, rl, th, tl);
+    // t = th + tl exactly: rh - a is exact (Sterbenz, or a == 0); tl = rl.
+    // The polynomials take t rounded once (relative error 2^-53).
+    double th = rh - (shifted - 0x1.8p52) * 0x1p-8, tl = rl;
+    double t = th + tl;
+    double th_hi, th_lo;
+    dd::split(th, th_hi, th_lo);
 
-    // t^2 as a double-double (2 th tl carries the tail), then S and C.
-    double t2, t2e;
-    dd::two_prod(th, th, t2, t2e);
-    t2e += 2.0 * th * tl;
-    double sin_tail = tl + th * (t2 * (kS3 + t2 * (kS5 + t2 * (kS7 + t2 * kS9)))); // S = th + sin_tail
-    double ch = -0.5 * t2;                                                           // exact
-    double cl = -0.5 * t2e + (t2 * t2) * (kC4 + t2 * (kC6 + t2 * kC8));             // C = ch + cl
+    double t2 = t * t;
+    double t4 = t2 * t2;
+    double sin_poly = (kS3 + t2 * kS5) + t4 * (kS7 + t2 * kS9);
+    double sin_tail = tl + t * (t2 * sin_poly);                         // S = th + sin_tail
+    double cv = t2 * ((-0.5 + t2 * kC4) + t4 * (kC6 + t2 * kC8));      // C
 
-    double sa_h = row[0], sa_l = row[1], ca_h = row[2], ca_l = row[3];
-    if (s) {
-        // sin a + cos a * S + sin a * C
-        double p, pe;
-        dd::two_prod(ca_h, th, p, pe);
-        double y, ye;
-        dd::two_sum(sa_h, p, y, ye);
-        double lo = ye + (sa_l + (pe + (ca_h * sin_tail + ca_l * th) + sa_h * (ch + cl)));
-        dd::fast_two_sum(y, lo, s->hi, s->lo);
-        if (negative) {
-            s->hi = -s->hi;
-            s->lo = -s->lo;
-        }
-    }
-    if (c) {
-        // cos a - sin a * S + cos a * C
-        double p, pe;
-        dd::two_prod(sa_h, th, p, pe);
-        double q, qe;
-        dd::two_prod(ca_h, ch, q, qe);
-        double d, de;
-        dd::two_sum(q, -p, d, de);
-        double y, ye;
-        dd::two_sum(ca_h, d, y, ye);
-        double lo = ye + (ca_l + ((de + (qe - pe)) + (ca_h * cl + ca_l * ch) - (sa_h * sin_tail + sa_l * th)));
-        dd::fast_two_sum(y, lo, c->hi, c->lo);
-    }
+    // y = P + Q * S + P * C with (P, Q) = (sin a, cos a) for sin r and
+    // (cos a, -sin a) for cos r; Q * th is exact.
+    std::uint64_t q_sign = static_cast<std::uint64_t>(which) << 63;
+    double p_h = row[2 * which], p_l = row[2 * which + 1];
+    double q_h = dd::from_bits(dd::bits_of(row[2 - 2 * which]) ^ q_sign);
+    double q_l = dd::from_bits(dd::bits_of(row[3 - 2 * which]) ^ q_sign);
+    double q_hh = dd::from_bits(dd::bits_of(row[6 - 2 * which]) ^ q_sign);
+    double q_hl = dd::from_bits(dd::bits_of(row[7 - 2 * which]) ^ q_sign);
+    double m, me;
+    dd::two_prod_presplit(q_h, q_hh, q_hl, th, th_hi, th_lo, m, me);
+    double d, de;
+    dd::two_sum(p_h * cv, m, d, de);
+    double y, ye;
+    dd::two_sum(p_h, d, y, ye);
+    double lo = ye + (p_l + ((de + me) + p_l * cv + (q_h * sin_tail + q_l * th)));
+    dd::DD out;
+    dd::fast_two_sum(y, lo, out.hi, out.lo);
+    std::uint64_t out_sign = which == 0 ? r_sign : 0u;
+    out.hi = dd::from_bits(dd::bits_of(out.hi) ^ out_sign);
+    out.lo = dd::from_bits(dd::bits_of(out.lo) ^ out_sign);
+    return out;
 }
 
 }  // namespace qel

@@ -58,12 +58,22 @@ for v in (pi / 2, pi, pi / 4, 3 * pi / 4):
     h, l = dd(v)
     print("    {%s, %s}," % (h.hex(), l.hex()))
 
-print("// sin(i/256), cos(i/256), i = 0..203")
+def split(v):
+    # Veltkamp's split in IEEE double, exactly as the library computes it.
+    c = 134217729.0 * v
+    hi = c - (c - v)
+    return hi, v - hi
+
+
+print("// sin(i/256), cos(i/256), i = 0..203, and the splits of the high parts")
 for i in range(204):
     a = mpf(i) / 256
     sh, sl = dd(sin(a))
     ch, cl = dd(cos(a))
-    print("    {%s, %s, %s, %s}," % (sh.hex(), sl.hex(), ch.hex(), cl.hex()))
+    shh, shl = split(sh)
+    chh, chl = split(ch)
+    print("    {%s, %s, %s, %s, %s, %s, %s, %s}," % (sh.hex(), sl.hex(), ch.hex(), cl.hex(),
+                                                 shh.hex(), shl.hex(), chh.hex(), chl.hex()))
 
 print("// atan(j/128), j = 0..128")
 for j in range(129):
