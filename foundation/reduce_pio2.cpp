@@ -1,13 +1,20 @@
 // Argument reduction by pi/2.
 //
 // Cody-Waite (|x| < 823549): k = nearest integer to x * 2/pi, then
-//   r = x - k*P1 - k*P2 - k*P3 - k*P4
-// with pi/2 = P1 + P2 + P3 + P4 + 7.4e-49, P1..P3 of at most 33 bits. As
-// |k| < 2^19 the products k*P1, k*P2, k*P3 are exact, x - k*P1 is exact
-// (Sterbenz: x lies within a factor 2 of k*P1 for k != 0), and the next two
-// subtractions are exact through two_sum. What remains: k * 7.4e-49 <
-// 2^-141, the rounding of k*P4 (< 2^-137) and of the tails (< 2^-104 |r|).
-// So |error| < 2^-130 + 2^-100 |r|.
+//   r = x - k*P1 - k*P2 - k*P3
+// with pi/2 = P1 + P2 + P3 + 1.0e-37, P1 and P2 of at most 33 bits. As
+// |k| < 2^19 the products k*P1 and k*P2 are exact, x - k*P1 is exact
+// (Sterbenz: x lies within a factor 2 of k*P1 for k != 0), and the next
+// subtraction is exact through two_sum. What remains: k * 1.0e-37 < 2^-103,
+// the rounding of k*P3 (below 2^-102, as |k*P3| < 2^-49) and of the tail
+// (2^-104 |r|). So |error| < 2^-101 + 2^-100 |r|.
+//
+// The precise variant subtracts pi/2 in four pieces, P1..P3 of at most 33
+// bits and P4 rounded (pi/2 = P1 + ... + P4 + 7.4e-49): k*P3 is exact too,
+// k * 7.4e-49 < 2^-141 and the rounding of k*P4 is below 2^-137, so
+// |error| < 2^-130 + 2^-100 |r|. The fast path falls back on it when a tiny
+// result (an argument near a multiple of pi/2) cannot be decided with the
+// 2^-101 of the short variant.
 //
 // Payne-Hanek (any x): write x = m * 2^s with m an integer below 2^53. Bits
 // of 2/pi with weights 2^(2 - s) and up contribute only multiples of 4 to
@@ -28,7 +35,8 @@ namespace {
 constexpr double kTwoOverPi = 0x1.45f306dc9c883p-1;
 constexpr double kP1 = 0x1.921fb544p+0;
 constexpr double kP2 = 0x1.0b4611a6p-34;
-constexpr double kP3 = 0x1.3198a2ep-69;
+constexpr double kP3 = 0x1.3198a2e037073p-69;
+constexpr double kP3Short = 0x1.3198a2ep-69;  // 29 bits
 constexpr double kP4 = 0x1.b839a252049c1p-104;
 
 // Fraction words of the window (11 words, 352 bits below the point).
@@ -108,11 +116,22 @@ int reduce_pio2_cody_waite(double x, dd::DD& r)
     double a = x - kd * kP1;
     double s, e;
     dd::two_sum(a, -(kd * kP2), s, e);
+    dd::two_sum(s, e - kd * kP3, r.hi, r.lo);
+    return static_cast<int>(dd::bits_of(shifted) & 3u);  // k mod 4, two's complement bits
+}
+
+int reduce_pio2_cody_waite_precise(double x, dd::DD& r)
+{
+    double shifted = x * kTwoOverPi + 0x1.8p52;
+    double kd = shifted - 0x1.8p52;
+    double a = x - kd * kP1;
+    double s, e;
+    dd::two_sum(a, -(kd * kP2), s, e);
     double s2, e2;
-    dd::two_sum(s, -(kd * kP3), s2, e2);
+    dd::two_sum(s, -(kd * kP3Short), s2, e2);
     double t = (e + e2) - kd * kP4;
     dd::two_sum(s2, t, r.hi, r.lo);
-    return static_cast<int>(dd::bits_of(shifted) & 3u);  // k mod 4, two's complement bits
+    return static_cast<int>(dd::bits_of(shifted) & 3u);
 }
 
 int reduce_pio2_fixed(double x, fx::Fixed& r)

@@ -21,8 +21,13 @@ constexpr double kCodyWaiteLimit = 823549.0;  // < 2^19 * pi/2
 // Cody-Waite reduction in double-double for finite |x| < kCodyWaiteLimit.
 // Returns k mod 4; r.hi + r.lo is x - k*pi/2 within
 // kCodyWaiteAbsError + 2^-100 |r|.
-constexpr double kCodyWaiteAbsError = 0x1p-130;
+constexpr double kCodyWaiteAbsError = 0x1p-101;
 int reduce_pio2_cody_waite(double x, dd::DD& r);
+
+// The same with four pieces of pi/2: within kCodyWaitePreciseAbsError +
+// 2^-100 |r|.
+constexpr double kCodyWaitePreciseAbsError = 0x1p-130;
+int reduce_pio2_cody_waite_precise(double x, dd::DD& r);
 
 // Payne-Hanek reduction for any finite x: returns k mod 4 and the reduced
 // argument in fixed point, within 2^-220 absolute.

@@ -5,9 +5,8 @@
 //   sin r = sin a + (cos a * S + sin a * C)
 //   cos r = cos a + (-sin a * S + cos a * C)
 // where S = sin t and C = cos t - 1 come from their Taylor series:
-//   S = t + t^3 (-1/6 + t^2/120 - t^4/5040 + t^6/362880)   (next term below
-//       2^-105 |t|)
-//   C = t^2 (-1/2 + t^2/24 - t^4/720 + t^6/40320)          (next below 2^-97)
+//   S = t + t^3 (-1/6 + t^2/120 - t^4/5040)   (next term below 2^-90 |t|)
+//   C = t^2 (-1/2 + t^2/24 - t^4/720)          (next below 2^-87)
 // and sin a, cos a are tabulated to 106 bits.
 //
 // Error bound of sin r (relative to the result y): the cubic part of S has
@@ -15,15 +14,16 @@
 // once, with about six more roundings (relative 2^-50 together): 2^-68.6 of |t|,
 // and |t| is at most |y| (i = 0: y ~ t; i >= 1: |r| >= 2^-9 so
 // |y| >= 2^-9.1 while |t| <= 2^-9), so 2^-68.4 |y|. C (at most 2^-19) is
-// off by 2^-51 of itself (t^2 rounded once, neglecting 2 t tl, and the
-// polynomial), so sin a * C adds 2^-69 |y| (sin a <= 2 |y|); cos a * th is
-// exact, cos a * (S - th) adds 2^-72 |y|, the tables 2^-105, the final sums
-// 2^-104. Total below 2^-67.5 |y|: kSinKernelError = 2^-67.
+// off by 2^-51 of itself (t rounded once, and the polynomial), so
+// sin a * C adds 2^-69 |y| (sin a <= 2 |y|); cos a * th is exact and added
+// to sin a exactly; the remaining tail (at most 2^-19 |y| + 2^-52 |y|) is
+// summed with relative error 2^-51: 2^-70 |y|; the tables add 2^-105, the
+// truncated series 2^-87. Total below 2^-67.3 |y|: kSinKernelError = 2^-67.
 //
 // Error bound of cos r (y >= 0.7): C's error (2^-70) times cos a, the
-// rounding of cos a * C (2^-72), the absolute error of S (2^-79.6) times
-// sin a and the tail sums (2^-104) give less than 2^-69.4 |y|:
-// kCosKernelError = 2^-68.
+// rounding of the tail sum (at most 2^-19 in magnitude: 2^-70), the absolute
+// error of S (2^-79.6) times sin a and the truncated series (2^-87) give less
+// than 2^-68.6 |y|: kCosKernelError = 2^-68.
 //
 // The tests measure both against MPFR.
 #include "foundation/elementary_internal.h"
@@ -35,10 +35,8 @@ namespace {
 constexpr double kS3 = -0x1.5555555555555p-3;  // -1/6
 constexpr double kS5 = 0x1.1111111111111p-7;   // 1/120
 constexpr double kS7 = -0x1.a01a01a01a01ap-13; // -1/5040
-constexpr double kS9 = 0x1.71de3a556c734p-19;  // 1/362880
 constexpr double kC4 = 0x1.5555555555555p-5;   // 1/24
 constexpr double kC6 = -0x1.6c16c16c16c17p-10; // -1/720
-constexpr double kC8 = 0x1.a01a01a01a01ap-16;  // 1/40320
 
 }  // namespace
 
@@ -63,9 +61,8 @@ dd::DD sin_cos_kernel(double rh, double rl, int which)
 
     double t2 = t * t;
     double t4 = t2 * t2;
-    double sin_poly = (kS3 + t2 * kS5) + t4 * (kS7 + t2 * kS9);
-    double sin_tail = tl + t * (t2 * sin_poly);                         // S = th + sin_tail
-    double cv = t2 * ((-0.5 + t2 * kC4) + t4 * (kC6 + t2 * kC8));      // C
+    double sin_tail = tl + t * (t2 * ((kS3 + t2 * kS5) + t4 * kS7));  // S = th + sin_tail
+    double cv = t2 * ((-0.5 + t2 * kC4) + t4 * kC6);                   // C
 
     // y = P + Q * S + P * C with (P, Q) = (sin a, cos a) for sin r and
     // (cos a, -sin a) for cos r; Q * th is exact.
@@ -77,11 +74,9 @@ dd::DD sin_cos_kernel(double rh, double rl, int which)
     double q_hl = dd::from_bits(dd::bits_of(row[7 - 2 * which]) ^ q_sign);
     double m, me;
     dd::two_prod_presplit(q_h, q_hh, q_hl, th, th_hi, th_lo, m, me);
-    double d, de;
-    dd::two_sum(p_h * cv, m, d, de);
     double y, ye;
-    dd::two_sum(p_h, d, y, ye);
-    double lo = ye + (p_l + ((de + me) + p_l * cv + (q_h * sin_tail + q_l * th)));
+    dd::two_sum(p_h, m, y, ye);
+    double lo = ye + (p_l + ((me + (p_h + p_l) * cv) + (q_h * sin_tail + q_l * th)));
     dd::DD out;
     dd::fast_two_sum(y, lo, out.hi, out.lo);
     std::uint64_t out_sign = which == 0 ? r_sign : 0u;
