@@ -4,7 +4,7 @@
 // for |x| > 1; atan z from the double-double kernel (atan_kernel.cpp), which
 // takes z as the pair (|x|, 1) or (1, |x|), so 1/|x| is never rounded. The
 // combination with pi/2 is a double-double sum (2^-103 of the sum of magnitudes, below 2^-101 of the result); as atan z <= the
-// result, the bound err = (2^-66 + 2^-100)(1 + 2^-20) |y| covers both. When
+// result, the bound err = (2^-68 + 2^-100)(1 + 2^-20) |y| covers both. When
 // the rounding test fails the fixed-point slow path decides (atan_slow.cpp).
 //
 // Special cases: atan(+-0) = +-0; atan(x) = x for |x| < 2^-27 (the true value

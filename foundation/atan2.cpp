@@ -6,7 +6,7 @@
 // (exact: the ratio is at least 2^-57 there) and handed as a pair to the
 // double-double kernel (atan_kernel.cpp), so the ratio is never rounded. Every
 // combination adds a double-double constant to a value no larger than the
-// result, so err = (2^-66 + 2^-100)(1 + 2^-20) |result| bounds it. When the
+// result, so err = (2^-68 + 2^-100)(1 + 2^-20) |result| bounds it. When the
 // rounding test fails the fixed-point slow path decides (atan_slow.cpp).
 //
 // Extreme ratios are decided exactly:

@@ -22,7 +22,7 @@ namespace qel {
 constexpr int kSinCosTableSize = 204;
 // sin hi, lo, cos hi, lo, split of sin hi, split of cos hi
 extern const double kSinCosTable[kSinCosTableSize][8];
-constexpr int kAtanTableSize = 129;
+constexpr int kAtanTableSize = 257;
 extern const double kAtanTable[kAtanTableSize][2];
 
 // pi/2 and pi as double-doubles, and in fixed point.
@@ -34,7 +34,7 @@ extern const fx::Fixed kPiFixed;
 // Relative error bounds of the double-double kernels on their domains.
 constexpr double kSinKernelError = 0x1p-67;
 constexpr double kCosKernelError = 0x1p-68;
-constexpr double kAtanKernelError = 0x1p-66;
+constexpr double kAtanKernelError = 0x1p-68;
 
 // sin(r) (which == 0) or cos(r) (which == 1) for |r| <= 0.7854, r = rh + rl
 // with |rl| <= 2^-53 |rh|, within kSinKernelError or kCosKernelError of its

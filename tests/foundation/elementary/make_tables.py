@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # Prints the constant tables of the elementary functions (binary digits of
-# 2/pi and pi/2, sine and cosine of i/256, arc tangent of j/128) as C++
+# 2/pi and pi/2, sine and cosine of i/256, arc tangent of j/256) as C++
 # literals. Run once by hand; the test suite checks the stored tables
 # against MPFR, so a stale or edited table fails the build's tests.
 from mpmath import mp, mpf, pi, sin, cos, atan, floor, ldexp
@@ -75,7 +75,7 @@ for i in range(204):
     print("    {%s, %s, %s, %s, %s, %s, %s, %s}," % (sh.hex(), sl.hex(), ch.hex(), cl.hex(),
                                                  shh.hex(), shl.hex(), chh.hex(), chl.hex()))
 
-print("// atan(j/128), j = 0..128")
-for j in range(129):
-    h, l = dd(atan(mpf(j) / 128))
+print("// atan(j/256), j = 0..256")
+for j in range(257):
+    h, l = dd(atan(mpf(j) / 256))
     print("    {%s, %s}," % (h.hex(), l.hex()))

@@ -91,7 +91,7 @@ TEST(ElementaryTables, SineCosineAndArcTangentAnchorsMatchMpfr)
     }
     for (int j = 0; j < qel::kAtanTableSize; ++j) {
         mpfr_set_ui(a, static_cast<unsigned long>(j), MPFR_RNDN);
-        mpfr_div_2ui(a, a, 7, MPFR_RNDN);
+        mpfr_div_2ui(a, a, 8, MPFR_RNDN);
         mpfr_atan(v, a, MPFR_RNDN);
         expect_double_double(v, qel::kAtanTable[j][0], qel::kAtanTable[j][1], "atan", j);
     }

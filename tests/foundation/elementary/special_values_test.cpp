@@ -168,25 +168,25 @@ TEST(ElementaryGolden, StoredValues)
     static const double slow_sin[][2] = {
         {0x1.99d0b9ecb7282p+1, -0x1.ebf5577c296bap-5},
         {-0x1.ca6dbc9bc7d4p+1, 0x1.b40d4f14ce5b9p-2},
+        {0x1.cb21c80b40e9p+0, 0x1.f35b7c18478b6p-1},
         {0x1.49aa48151a5bp+1, 0x1.1299ef24eae5cp-1},
-        {0x1.4cbe84d16f3c4p+1, 0x1.0820bd299ff51p-1},
     };
     static const double slow_cos[][2] = {
         {0x1.27c9191c02b09p+12, 0x1.e8364f99b4df5p-3},
-        {0x1.ba624a0b1fbd7p-1, 0x1.4c7b2b5d965d8p-1},
-        {0x1.f4c80da89f9b2p+16, -0x1.e0e353d4badadp-2},
+        {0x1.511761fe276f9p-3, 0x1.f91486efc57d7p-1},
+        {0x1.85ff6ad6c41c1p+15, 0x1.f5efb9ee96c01p-1},
     };
     static const double slow_atan[][2] = {
-        {0x1.98940b1219663p-14, 0x1.98940afc6abd2p-14},
-        {0x1.a6f810d9b05aap+15, 0x1.921e7f618cd83p+0},
         {0x1.769d43558734ep+14, 0x1.921cf97f0ab8bp+0},
-        {-0x1.cfe3c922f8be2p-19, -0x1.cfe3c922f0cf2p-19},
+        {-0x1.591f3d80e09dcp+20, -0x1.921fa965fc274p+0},
+        {-0x1.0f15ae6b7a497p-4, -0x1.0eb09f5876683p-4},
+        {-0x1.418798d1626c6p+18, -0x1.921f824f6b1ecp+0},
     };
     static const double slow_atan2[][3] = {
-        {0x1.5de7139e505fcp+1, -0x1.035c235a5805ep+1, 0x1.1ab57f7bf44ffp+1},
-        {0x1.887da067b322p-2, -0x1.4613328fbbe03p+1, 0x1.7f0221ccfa8e6p+1},
-        {-0x1.09bf1e9bb02e6p+0, 0x1.51b5eadd834b8p-1, -0x1.013785904c0c9p+0},
-        {-0x1.4ddd25c9b2605p+1, -0x1.7c7cc14b644c8p-2, -0x1.b6594f424d111p+0},
+        {-0x1.4fc4979d617ep-2, 0x1.364b0078556b8p+0, -0x1.0e8ab6f7087e6p-2},
+        {0x1.46f44488bce5cp+1, 0x1.1aaf1a442cbecp+1, 0x1.b73d1a7721933p-1},
+        {-0x1.ebfe30d443f9ap+1, -0x1.f9866438cbc4p-2, -0x1.b2d33168a70cbp+0},
+        {0x1.895bdb73c04ecp+0, 0x1.67b3f7ad81eecp+0, 0x1.a8fdadd8750cp-1},
     };
     // x, sin x, cos x, atan x
     static const double values[][4] = {
