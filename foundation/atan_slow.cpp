@@ -8,7 +8,7 @@
 // with sin and cos in fixed point (sin_cos_fixed) and the correction divided
 // in double-double. As f'' = -f vanishes at the root, the step leaves an
 // error of order e0^3 < 2^-155; the correction's relative error 2^-100 on a
-// correction below 2^-51 |t| and the fixed-point steps (2^-213 absolute) keep
+// correction below 2^-51 |t| and the fixed-point steps (2^-210 absolute) keep
 // the total below 2^-150 relative for every t >= 2^-57 handled here. The
 // quadrant is then applied in fixed point (pi/2 - t, pi - t, pi/2 + t) and
 // the result rounded to nearest once.

@@ -60,7 +60,7 @@ double cos_slow(double x);
 double atan_slow(double x);
 double atan2_slow(double y, double x);
 
-// sin(r) and cos(r) in fixed point for |r| <= 0.8, within 2^-215.
+// sin(r) and cos(r) in fixed point for |r| <= 0.8, within 2^-212.
 void sin_cos_fixed(const fx::Fixed& r, fx::Fixed* s, fx::Fixed* c);
 
 }  // namespace qel

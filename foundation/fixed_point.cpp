@@ -86,12 +86,16 @@ Fixed mul(const Fixed& a, const Fixed& b)
     bool negative = is_negative(a) != is_negative(b);
     Fixed x = is_negative(a) ? neg(a) : a;
     Fixed y = is_negative(b) ? neg(b) : b;
-    // Full product of the two 256-bit magnitudes, 16 words, most significant
+    // Product of the two 256-bit magnitudes, 16 words, most significant
     // first; the value's scale is 2^-448, so words 1..8 are the result.
+    // Partial products that land wholly below word 9 (i + j >= 9) are left
+    // out: together with their carries they are worth less than 8 units of
+    // word 8, so the result stays within 2^-221 of the exact product.
     std::uint32_t p[2 * kWords] = {};
     for (int i = kWords - 1; i >= 0; --i) {
         std::uint64_t carry = 0;
-        for (int j = kWords - 1; j >= 0; --j) {
+        int j_last = 8 - i < kWords - 1 ? 8 - i : kWords - 1;
+        for (int j = j_last; j >= 0; --j) {
             std::uint64_t t = static_cast<std::uint64_t>(x.w[i]) * y.w[j] + p[i + j + 1] + carry;
             p[i + j + 1] = static_cast<std::uint32_t>(t);
             carry = t >> 32;
@@ -105,14 +109,20 @@ Fixed mul(const Fixed& a, const Fixed& b)
 
 Fixed div_small(const Fixed& a, std::uint32_t d)
 {
+    // Long division by half words: with d < 2^16 every partial dividend
+    // (rem * 2^16 + half) stays below 2^32, so 32-bit divisions suffice.
     bool negative = is_negative(a);
     Fixed x = negative ? neg(a) : a;
     Fixed r;
-    std::uint64_t rem = 0;
+    std::uint32_t rem = 0;
     for (int i = 0; i < kWords; ++i) {
-        std::uint64_t t = (rem << 32) | x.w[i];
-        r.w[i] = static_cast<std::uint32_t>(t / d);
-        rem = t % d;
+        std::uint32_t hi = (rem << 16) | (x.w[i] >> 16);
+        std::uint32_t qh = hi / d;
+        rem = hi - qh * d;
+        std::uint32_t lo = (rem << 16) | (x.w[i] & 0xFFFFu);
+        std::uint32_t ql = lo / d;
+        rem = lo - ql * d;
+        r.w[i] = (qh << 16) | ql;
     }
     return negative ? neg(r) : r;
 }
@@ -124,14 +134,20 @@ Fixed from_double(double x)
     std::uint64_t m;
     int s;
     decompose(x, m, s);
-    // Place m * 2^s: bit k of m has weight 2^(s + k).
-    for (int k = 0; k < 53; ++k) {
-        if (((m >> k) & 1u) == 0) continue;
-        int p = s + k;
-        if (p < -kFracBits) continue;
-        int idx = kFracBits + p;
-        r.w[kWords - 1 - idx / 32] |= 1u << (idx % 32);
+    // m * 2^s: the bit of weight 2^p has index kFracBits + p from the bottom.
+    int low = kFracBits + s;  // index of m's bit 0
+    if (low < 0) {            // bits below 2^-224 are dropped
+        if (low <= -64) return r;
+        m >>= -low;
+        low = 0;
     }
+    // Spread m over the (at most three) words it touches.
+    int word = kWords - 1 - low / 32, shift = low % 32;
+    std::uint64_t lo_part = m << shift;                          // bits 0..63 above the word's bottom
+    std::uint32_t top_part = shift ? static_cast<std::uint32_t>(m >> (64 - shift)) : 0u;
+    r.w[word] = static_cast<std::uint32_t>(lo_part);
+    if (word - 1 >= 0) r.w[word - 1] = static_cast<std::uint32_t>(lo_part >> 32);
+    if (word - 2 >= 0) r.w[word - 2] = top_part;
     return x < 0 ? neg(r) : r;
 }
 
@@ -180,25 +196,30 @@ Fixed ratio(double num, double den)
         dividend_top = mn >> (-sh);
         extra = 0;
     }
-    // Binary long division over the bits of dividend_top followed by extra
-    // zeros; the remainder stays below md < 2^53, so 2 * rem fits.
+    // Long division over the bits of dividend_top followed by extra zeros,
+    // eleven bits a step: the remainder stays below md < 2^53, so rem * 2^11
+    // fits in 64 bits and each step's quotient digit is below 2^11.
     std::uint64_t rem = 0;
     int nbits = 64 + extra;
-    for (int i = 0; i < nbits; ++i) {
-        unsigned bit = i < 64 ? static_cast<unsigned>((dividend_top >> (63 - i)) & 1u) : 0u;
-        rem = (rem << 1) | bit;
-        unsigned qbit = 0;
-        if (rem >= md) {
-            rem -= md;
-            qbit = 1;
+    for (int i = 0; i < nbits;) {
+        int k = nbits - i < 11 ? nbits - i : 11;
+        std::uint64_t chunk = 0;
+        if (i < 64) {
+            int avail = 64 - i < k ? 64 - i : k;  // bits still taken from dividend_top
+            chunk = (dividend_top << i) >> (64 - avail);
+            chunk <<= (k - avail);
         }
-        // Shift the quotient left by one and append qbit.
-        std::uint32_t carry = qbit;
+        rem = (rem << k) | chunk;
+        std::uint64_t digit = rem / md;
+        rem -= digit * md;
+        // Shift the quotient left by k bits and append the digit.
+        std::uint32_t carry = static_cast<std::uint32_t>(digit);
         for (int w = kWords - 1; w >= 0; --w) {
-            std::uint32_t next = r.w[w] >> 31;
-            r.w[w] = (r.w[w] << 1) | carry;
+            std::uint32_t next = static_cast<std::uint32_t>(r.w[w] >> (32 - k));
+            r.w[w] = (r.w[w] << k) | carry;
             carry = next;
         }
+        i += k;
     }
     return r;
 }

@@ -4,8 +4,9 @@
 //
 // Built from 32-bit words and 64-bit intermediate products only, so that the
 // same code runs on 32-bit targets (no 128-bit integers) and gives the same
-// bits everywhere. Products and quotients truncate toward zero in magnitude:
-// each costs at most 2^-224 of absolute error.
+// bits everywhere. Quotients truncate toward zero in magnitude (at most
+// 2^-224 of absolute error); products leave out the partial products far
+// below the last word (at most 2^-221).
 #ifndef QELMATH_FOUNDATION_FIXED_POINT_H
 #define QELMATH_FOUNDATION_FIXED_POINT_H
 
@@ -32,7 +33,7 @@ Fixed neg(const Fixed& a);
 Fixed add(const Fixed& a, const Fixed& b);
 Fixed sub(const Fixed& a, const Fixed& b);
 Fixed mul(const Fixed& a, const Fixed& b);
-// Magnitude-wise division by a small positive integer.
+// Magnitude-wise division by a positive integer below 2^16.
 Fixed div_small(const Fixed& a, std::uint32_t d);
 bool is_zero(const Fixed& a);
 
@@ -41,8 +42,8 @@ bool is_zero(const Fixed& a);
 double to_double(const Fixed& a);
 
 // The quotient num / den, truncated, for finite positive doubles with
-// num <= den (so the quotient lies in (0, 1]). Computed by binary long
-// division of the significands.
+// num <= den (so the quotient lies in (0, 1]). Computed by long division of
+// the significands, eleven bits a step.
 Fixed ratio(double num, double den);
 
 }  // namespace fx

@@ -30,7 +30,7 @@ constexpr double kCodyWaitePreciseAbsError = 0x1p-130;
 int reduce_pio2_cody_waite_precise(double x, dd::DD& r);
 
 // Payne-Hanek reduction for any finite x: returns k mod 4 and the reduced
-// argument in fixed point, within 2^-220 absolute.
+// argument in fixed point, within 2^-218 absolute.
 int reduce_pio2_fixed(double x, fx::Fixed& r);
 
 // Payne-Hanek reduction to double-double for finite |x| >= 1: returns k mod 4;

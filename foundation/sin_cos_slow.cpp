@@ -1,10 +1,10 @@
 // Slow paths of sine and cosine, in 224-bit fixed point.
 //
 // Method: Payne-Hanek reduction to r = x - k*pi/2 in fixed point (error below
-// 2^-220, see reduce_pio2.cpp), then the Taylor series of sin r and cos r on
+// 2^-218, see reduce_pio2.cpp), then the Taylor series of sin r and cos r on
 // |r| <= pi/4 summed until the terms vanish (about 27 terms each). Each
-// product and quotient truncates by less than 2^-224 and the terms shrink,
-// so the sums are within 2^-215 of sin r and cos r. As |r| >= 2^-62 for every
+// product errs by less than 2^-221 and each quotient by less than 2^-224,
+// and the terms shrink, so the sums are within 2^-212 of sin r and cos r. As |r| >= 2^-62 for every
 // double argument (|x| >= 2^-27 here), the result is within 2^-150 of its
 // magnitude, and is rounded to nearest once. No known double argument of
 // sine or cosine needs more than 2^-126 to round correctly.
