@@ -210,7 +210,7 @@ void sweep_sin_or_cos(const char* name, Fn fn, double (*f)(double), bool (*fast)
 {
     ref::Arguments a(fn == Fn::kSin ? 101 : 202);
     Tally t;
-    long n = 4000 * kScale;
+    long n = 12000 * kScale;
     sweep_unary(name, fn, f, fast, [&] { return a.log_uniform(-1074, -20); }, n / 2, t);   // tiny, subnormal
     sweep_unary(name, fn, f, fast, [&] { return a.log_uniform(-30, 0); }, n, t);          // small
     sweep_unary(name, fn, f, fast, [&] { return a.uniform(-4, 4); }, 2 * n, t);           // around 1
@@ -232,7 +232,7 @@ TEST(ElementarySweep, ArcTangentMatchesMpfrEverywhere)
 {
     ref::Arguments a(303);
     Tally t;
-    long n = 4000 * kScale;
+    long n = 12000 * kScale;
     auto f = qel::atan;
     auto fast = qel::atan_fast;
     sweep_unary("atan", Fn::kAtan, f, fast, [&] { return a.log_uniform(-1074, -20); }, n / 2, t);
@@ -249,7 +249,7 @@ TEST(ElementarySweep, TwoArgumentArcTangentMatchesMpfrEverywhere)
 {
     ref::Arguments a(404);
     Tally t;
-    long n = 4000 * kScale;
+    long n = 12000 * kScale;
     auto check = [&](double y, double x) {
         double got = qel::atan2(y, x);
         double want = ref::reference(Fn::kAtan2, y, x);
