@@ -36,10 +36,10 @@ constexpr double kSinKernelError = 0x1p-67;
 constexpr double kCosKernelError = 0x1p-68;
 constexpr double kAtanKernelError = 0x1p-68;
 
+// sin_cos_kernel(rh, rl, which), inline in foundation/sin_cos_kernel.h:
 // sin(r) (which == 0) or cos(r) (which == 1) for |r| <= 0.7854, r = rh + rl
 // with |rl| <= 2^-53 |rh|, within kSinKernelError or kCosKernelError of its
 // magnitude.
-dd::DD sin_cos_kernel(double rh, double rl, int which);
 
 // atan(a/b) for 0 < a <= b, both in [2^-600, 2^500], within
 // kAtanKernelError of its magnitude; z is a/b to within 2^-20 (it picks the

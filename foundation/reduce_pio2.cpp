@@ -32,10 +32,6 @@ namespace qel {
 
 namespace {
 
-constexpr double kTwoOverPi = 0x1.45f306dc9c883p-1;
-constexpr double kP1 = 0x1.921fb544p+0;
-constexpr double kP2 = 0x1.0b4611a6p-34;
-constexpr double kP3 = 0x1.3198a2e037073p-69;
 constexpr double kP3Short = 0x1.3198a2ep-69;  // 29 bits
 constexpr double kP4 = 0x1.b839a252049c1p-104;
 
@@ -109,24 +105,13 @@ int quarter_turns(double ax, fx::Fixed& f)
 
 }  // namespace
 
-int reduce_pio2_cody_waite(double x, dd::DD& r)
-{
-    double shifted = x * kTwoOverPi + 0x1.8p52;
-    double kd = shifted - 0x1.8p52;
-    double a = x - kd * kP1;
-    double s, e;
-    dd::two_sum(a, -(kd * kP2), s, e);
-    dd::two_sum(s, e - kd * kP3, r.hi, r.lo);
-    return static_cast<int>(dd::bits_of(shifted) & 3u);  // k mod 4, two's complement bits
-}
-
 int reduce_pio2_cody_waite_precise(double x, dd::DD& r)
 {
-    double shifted = x * kTwoOverPi + 0x1.8p52;
+    double shifted = x * kCwTwoOverPi + 0x1.8p52;
     double kd = shifted - 0x1.8p52;
-    double a = x - kd * kP1;
+    double a = x - kd * kCwP1;
     double s, e;
-    dd::two_sum(a, -(kd * kP2), s, e);
+    dd::two_sum(a, -(kd * kCwP2), s, e);
     double s2, e2;
     dd::two_sum(s, -(kd * kP3Short), s2, e2);
     double t = (e + e2) - kd * kP4;

@@ -1,7 +1,7 @@
 // sin, cos and sincos, correctly rounded to nearest for every double.
 //
 // Method: reduction by pi/2 (Cody-Waite below 823549, Payne-Hanek above, see
-// reduce_pio2.cpp), the double-double kernel of sin_cos_kernel.cpp, and a
+// reduce_pio2.cpp), the double-double kernel of sin_cos_kernel.h, and a
 // rounding test with the bound
 //   err = eps |y|                   (kernel: eps = 2^-67 when the kernel
 //                                    computed sin r, 2^-68 for cos r)
@@ -22,6 +22,7 @@
 #include "foundation/elementary.h"
 #include "foundation/elementary_internal.h"
 #include "foundation/reduce_pio2.h"
+#include "foundation/sin_cos_kernel.h"
 
 namespace qel {
 

@@ -13,6 +13,7 @@
 #include "foundation/elementary.h"
 #include "foundation/elementary_internal.h"
 #include "foundation/reduce_pio2.h"
+#include "foundation/sin_cos_kernel.h"
 #include "mpfr_reference.h"
 
 #ifndef QEL_SWEEP_SCALE

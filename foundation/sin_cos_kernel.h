@@ -26,22 +26,21 @@
 // than 2^-68.6 |y|: kCosKernelError = 2^-68.
 //
 // The tests measure both against MPFR.
+#ifndef QELMATH_FOUNDATION_SIN_COS_KERNEL_H
+#define QELMATH_FOUNDATION_SIN_COS_KERNEL_H
+
 #include "foundation/elementary_internal.h"
 
 namespace qel {
 
-namespace {
-
-constexpr double kS3 = -0x1.5555555555555p-3;  // -1/6
-constexpr double kS5 = 0x1.1111111111111p-7;   // 1/120
-constexpr double kS7 = -0x1.a01a01a01a01ap-13; // -1/5040
-constexpr double kC4 = 0x1.5555555555555p-5;   // 1/24
-constexpr double kC6 = -0x1.6c16c16c16c17p-10; // -1/720
-
-}  // namespace
-
-dd::DD sin_cos_kernel(double rh, double rl, int which)
+inline dd::DD sin_cos_kernel(double rh, double rl, int which)
 {
+    constexpr double kS3 = -0x1.5555555555555p-3;   // -1/6
+    constexpr double kS5 = 0x1.1111111111111p-7;    // 1/120
+    constexpr double kS7 = -0x1.a01a01a01a01ap-13;  // -1/5040
+    constexpr double kC4 = 0x1.5555555555555p-5;    // 1/24
+    constexpr double kC6 = -0x1.6c16c16c16c17p-10;  // -1/720
+
     // Work on |r|; sin is odd, cos even. Sign flips are exact bit operations
     // rather than branches: the quadrants come in random order.
     std::uint64_t r_sign = dd::bits_of(rh) & 0x8000000000000000ull;
@@ -62,7 +61,7 @@ dd::DD sin_cos_kernel(double rh, double rl, int which)
     double t2 = t * t;
     double t4 = t2 * t2;
     double sin_tail = tl + t * (t2 * ((kS3 + t2 * kS5) + t4 * kS7));  // S = th + sin_tail
-    double cv = t2 * ((-0.5 + t2 * kC4) + t4 * kC6);                   // C
+    double cv = t2 * ((-0.5 + t2 * kC4) + t4 * kC6);                    // C
 
     // y = P + Q * S + P * C with (P, Q) = (sin a, cos a) for sin r and
     // (cos a, -sin a) for cos r; Q * th is exact.
@@ -86,3 +85,5 @@ dd::DD sin_cos_kernel(double rh, double rl, int which)
 }
 
 }  // namespace qel
+
+#endif
