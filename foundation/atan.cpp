@@ -1,7 +1,7 @@
 // atan, correctly rounded to nearest for every double.
 //
 // Method: atan x = atan z for z = |x| <= 1, and pi/2 - atan z with z = 1/|x|
-// for |x| > 1; atan z from the double-double kernel (atan_kernel.cpp), which
+// for |x| > 1; atan z from the double-double kernel (atan_kernel.h), which
 // takes z as the pair (|x|, 1) or (1, |x|), so 1/|x| is never rounded. The
 // combination with pi/2 is a double-double sum (2^-103 of the sum of magnitudes, below 2^-101 of the result); as atan z <= the
 // result, the bound err = (2^-68 + 2^-100)(1 + 2^-20) |y| covers both. When
@@ -13,6 +13,7 @@
 // that double by 2^-53.9, and 1/|x| < 2^-60 keeps the result within half a
 // spacing of it); atan(NaN) is NaN.
 #include "foundation/elementary.h"
+#include "foundation/atan_kernel.h"
 #include "foundation/elementary_internal.h"
 
 namespace qel {
@@ -20,9 +21,13 @@ namespace qel {
 bool atan_fast(double x, double* y)
 {
     double ax = dd::abs(x);
-    bool above_one = ax > 1.0;
-    dd::DD t = atan_kernel(above_one ? 1.0 : ax, above_one ? ax : 1.0, above_one ? 1.0 / ax : ax);
-    dd::DD r = above_one ? dd::add(kPio2DD, dd::DD{-t.hi, -t.lo}) : t;
+    dd::DD r;
+    if (ax > 1.0) {
+        dd::DD t = atan_kernel(1.0, ax, 1.0 / ax);
+        r = dd::add(kPio2DD, dd::DD{-t.hi, -t.lo});
+    } else {
+        r = atan_kernel(ax, 1.0, ax);
+    }
     double err = dd::abs(r.hi) * ((kAtanKernelError + 0x1p-100) * (1.0 + 0x1p-20));
     if (!dd::rounds_to_hi(r.hi, r.lo, err)) return false;
     *y = dd::copy_sign(r.hi, x);

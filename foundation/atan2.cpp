@@ -4,7 +4,7 @@
 // else pi/2 - atan(b/a); pi - t mirrors it for x < 0; y's sign is applied
 // last. Both operands are scaled by one power of two into [2^-600, 2^500]
 // (exact: the ratio is at least 2^-57 there) and handed as a pair to the
-// double-double kernel (atan_kernel.cpp), so the ratio is never rounded. Every
+// double-double kernel (atan_kernel.h), so the ratio is never rounded. Every
 // combination adds a double-double constant to a value no larger than the
 // result, so err = (2^-68 + 2^-100)(1 + 2^-20) |result| bounds it. When the
 // rounding test fails the fixed-point slow path decides (atan_slow.cpp).
@@ -27,6 +27,7 @@
 // atan2(y, +inf) = +-0 and atan2(y, -inf) = +-pi for finite y; NaN in, NaN
 // out.
 #include "foundation/elementary.h"
+#include "foundation/atan_kernel.h"
 #include "foundation/elementary_internal.h"
 
 namespace qel {

@@ -12,6 +12,7 @@
 // the total below 2^-150 relative for every t >= 2^-57 handled here. The
 // quadrant is then applied in fixed point (pi/2 - t, pi - t, pi/2 + t) and
 // the result rounded to nearest once.
+#include "foundation/atan_kernel.h"
 #include "foundation/elementary_internal.h"
 
 namespace qel {

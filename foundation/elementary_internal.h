@@ -41,10 +41,9 @@ constexpr double kAtanKernelError = 0x1p-68;
 // with |rl| <= 2^-53 |rh|, within kSinKernelError or kCosKernelError of its
 // magnitude.
 
-// atan(a/b) for 0 < a <= b, both in [2^-600, 2^500], within
-// kAtanKernelError of its magnitude; z is a/b to within 2^-20 (it picks the
-// table point only).
-dd::DD atan_kernel(double a, double b, double z);
+// atan_kernel(a, b, z), inline in foundation/atan_kernel.h: atan(a/b) for
+// 0 < a <= b, both in [2^-600, 2^500], within kAtanKernelError of its
+// magnitude; z is a/b to within 2^-20 (it picks the table point only).
 
 // Fast paths: true and *y set when the fast result is proven correctly
 // rounded; false when the slow path must decide. Finite, non-tiny arguments

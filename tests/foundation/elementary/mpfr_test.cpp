@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "foundation/elementary.h"
+#include "foundation/atan_kernel.h"
 #include "foundation/elementary_internal.h"
 #include "foundation/reduce_pio2.h"
 #include "foundation/sin_cos_kernel.h"

@@ -17,21 +17,20 @@
 // 2^-106 |y|, the final sums 2^-104 |y|. Total below 2^-69.8 |y|;
 // kAtanKernelError = 2^-68 keeps a margin of more than three, and the tests
 // measure the kernel against MPFR.
+#ifndef QELMATH_FOUNDATION_ATAN_KERNEL_H
+#define QELMATH_FOUNDATION_ATAN_KERNEL_H
+
 #include "foundation/elementary_internal.h"
 
 namespace qel {
 
-namespace {
-
-constexpr double kA3 = -0x1.5555555555555p-2;  // -1/3
-constexpr double kA5 = 0x1.999999999999ap-3;   // 1/5
-constexpr double kA7 = -0x1.2492492492492p-3;  // -1/7
-constexpr double kA9 = 0x1.c71c71c71c71cp-4;   // 1/9
-
-}  // namespace
-
-dd::DD atan_kernel(double a, double b, double z)
+inline dd::DD atan_kernel(double a, double b, double z)
 {
+    constexpr double kA3 = -0x1.5555555555555p-2;  // -1/3
+    constexpr double kA5 = 0x1.999999999999ap-3;   // 1/5
+    constexpr double kA7 = -0x1.2492492492492p-3;  // -1/7
+    constexpr double kA9 = 0x1.c71c71c71c71cp-4;   // 1/9
+
     double shifted = z * 256.0 + 0x1.8p52;  // rounds to the nearest j
     int j = static_cast<int>(dd::bits_of(shifted) & 0x1FFu);
     double c = (shifted - 0x1.8p52) * 0x1p-8;
@@ -75,3 +74,5 @@ dd::DD atan_kernel(double a, double b, double z)
 }
 
 }  // namespace qel
+
+#endif
