@@ -1,20 +1,20 @@
 // Argument reduction by pi/2.
 //
-// Cody-Waite (|x| < 823549): k = nearest integer to x * 2/pi, then
+// Cody-Waite (|x| < 1647099): k = nearest integer to x * 2/pi, then
 //   r = x - k*P1 - k*P2 - k*P3
 // with pi/2 = P1 + P2 + P3 + 1.0e-37, P1 and P2 of at most 33 bits. As
-// |k| < 2^19 the products k*P1 and k*P2 are exact, x - k*P1 is exact
+// |k| <= 2^20 the products k*P1 and k*P2 are exact, x - k*P1 is exact
 // (Sterbenz: x lies within a factor 2 of k*P1 for k != 0), and the next
-// subtraction is exact through two_sum. What remains: k * 1.0e-37 < 2^-103,
-// the rounding of k*P3 (below 2^-102, as |k*P3| < 2^-49) and of the tail
-// (2^-104 |r|). So |error| < 2^-101 + 2^-100 |r|.
+// subtraction is exact through two_sum. What remains: k * 1.0e-37 < 2^-102,
+// the rounding of k*P3 (below 2^-101, as |k*P3| < 2^-48) and of the tail
+// (2^-104 |r|). So |error| < 2^-100 + 2^-100 |r|.
 //
 // The precise variant subtracts pi/2 in four pieces, P1..P3 of at most 33
 // bits and P4 rounded (pi/2 = P1 + ... + P4 + 7.4e-49): k*P3 is exact too,
-// k * 7.4e-49 < 2^-141 and the rounding of k*P4 is below 2^-137, so
+// k * 7.4e-49 < 2^-140 and the rounding of k*P4 is below 2^-136, so
 // |error| < 2^-130 + 2^-100 |r|. The fast path falls back on it when a tiny
 // result (an argument near a multiple of pi/2) cannot be decided with the
-// 2^-101 of the short variant.
+// 2^-100 of the short variant.
 //
 // Payne-Hanek (any x): write x = m * 2^s with m an integer below 2^53. Bits
 // of 2/pi with weights 2^(2 - s) and up contribute only multiples of 4 to

@@ -15,8 +15,8 @@ constexpr int kTwoOverPiWordCount = 48;
 extern const std::uint32_t kTwoOverPiWords[kTwoOverPiWordCount];
 
 // Arguments below this bound take the Cody-Waite reduction; it keeps the
-// quotient k below 2^19, so k times each 33-bit piece of pi/2 is exact.
-constexpr double kCodyWaiteLimit = 823549.0;  // < 2^19 * pi/2
+// quotient k at most 2^20, so k times each 33-bit piece of pi/2 is exact.
+constexpr double kCodyWaiteLimit = 1647099.0;  // < 2^20 * pi/2
 
 // 2/pi rounded, and pi/2 = kCwP1 + kCwP2 + kCwP3 + 1.0e-37 with kCwP1 and
 // kCwP2 of at most 33 bits (see reduce_pio2.cpp for the error analysis).
@@ -29,7 +29,7 @@ constexpr double kCwP3 = 0x1.3198a2e037073p-69;
 // Returns k mod 4; r.hi + r.lo is x - k*pi/2 within
 // kCodyWaiteAbsError + 2^-100 |r|. Inline: it is most of the cost of a
 // sine of a moderate argument.
-constexpr double kCodyWaiteAbsError = 0x1p-101;
+constexpr double kCodyWaiteAbsError = 0x1p-100;
 inline int reduce_pio2_cody_waite(double x, dd::DD& r)
 {
     double shifted = x * kCwTwoOverPi + 0x1.8p52;  // k in the low bits

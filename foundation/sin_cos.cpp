@@ -1,6 +1,6 @@
 // sin, cos and sincos, correctly rounded to nearest for every double.
 //
-// Method: reduction by pi/2 (Cody-Waite below 823549, Payne-Hanek above, see
+// Method: reduction by pi/2 (Cody-Waite below 1647099, Payne-Hanek above, see
 // reduce_pio2.cpp), the double-double kernel of sin_cos_kernel.h, and a
 // rounding test with the bound
 //   err = eps |y|                   (kernel: eps = 2^-67 when the kernel
@@ -8,7 +8,7 @@
 //       + A + 2^-100 |r|            (reduction, absolute: |sin'|, |cos'| <= 1;
 //                                    2^-100 |r| <= 2^-99.6 |y| for sin r, and
 //                                    only 2^-100 r^2 for cos r)
-// which the code takes as (eps + 2^-99)(1 + 2^-20) |y| + 2A. A is 2^-101 for
+// which the code takes as (eps + 2^-99)(1 + 2^-20) |y| + 2A. A is 2^-100 for
 // the short Cody-Waite reduction; when that cannot decide a small result
 // (an argument near a multiple of pi/2, such as sin(pi) or cos(pi/2)), the
 // precise one (A = 2^-130) tries again. Payne-Hanek has no absolute term.
