@@ -116,11 +116,14 @@ std::string Panel::render(double ox, double oy, double size) const
 {
     char buf[512];
     std::string out;
+    // A long title gets a smaller font rather than running into the next
+    // panel (sans-serif glyphs average about 0.55 em).
+    double title_size = std::min(13.0, (size - 12) / (0.55 * static_cast<double>(title_.size() + 1)));
     std::snprintf(buf, sizeof buf,
                   "<g><rect x='%.1f' y='%.1f' width='%.1f' height='%.1f' fill='#fafafa' "
-                  "stroke='#999'/><text x='%.1f' y='%.1f' font-size='13' "
+                  "stroke='#999'/><text x='%.1f' y='%.1f' font-size='%.1f' "
                   "font-family='sans-serif'>%s</text>\n",
-                  ox, oy, size, size + 20, ox + 6, oy + 15, xml(title_).c_str());
+                  ox, oy, size, size + 20, ox + 6, oy + 15, title_size, xml(title_).c_str());
     out += buf;
     double pad = 12, inner = size - 2 * pad, top = oy + 20 + pad;
     auto X = [&](double u) { return ox + pad + u * inner; };
