@@ -7,9 +7,7 @@ if(NOT rc EQUAL 0)
     message(FATAL_ERROR "nm failed on ${LIB}")
 endif()
 file(READ ${HEADER} header)
-# The name is the last word before a declaration's first parenthesis; the
-# parameter lists hold parentheses of their own (function pointers, arrays).
-string(REGEX MATCHALL "\nQELMATH_API [^;(\n]*\\(" decls "${header}")
+string(REGEX MATCHALL "QELMATH_API [^;(]*\\(" decls "${header}")
 set(api)
 foreach(d IN LISTS decls)
     string(REGEX REPLACE ".*[ *]([A-Za-z_0-9]+)\\($" "\\1" name "${d}")
