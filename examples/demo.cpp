@@ -16,6 +16,22 @@ std::vector<Section>& sections()
     return list;
 }
 
+// Titles and labels are free text: escape what XML gives a meaning.
+std::string xml(const std::string& s)
+{
+    std::string out;
+    for (char c : s) {
+        switch (c) {
+        case '&': out += "&amp;"; break;
+        case '<': out += "&lt;"; break;
+        case '>': out += "&gt;"; break;
+        case '\'': out += "&apos;"; break;
+        default: out += c;
+        }
+    }
+    return out;
+}
+
 std::string num(double v)
 {
     char buf[32];
@@ -100,11 +116,14 @@ std::string Panel::render(double ox, double oy, double size) const
 {
     char buf[512];
     std::string out;
+    // A long title gets a smaller font rather than running into the next
+    // panel (sans-serif glyphs average about 0.55 em).
+    double title_size = std::min(13.0, (size - 12) / (0.55 * static_cast<double>(title_.size() + 1)));
     std::snprintf(buf, sizeof buf,
                   "<g><rect x='%.1f' y='%.1f' width='%.1f' height='%.1f' fill='#fafafa' "
-                  "stroke='#999'/><text x='%.1f' y='%.1f' font-size='13' "
+                  "stroke='#999'/><text x='%.1f' y='%.1f' font-size='%.1f' "
                   "font-family='sans-serif'>%s</text>\n",
-                  ox, oy, size, size + 20, ox + 6, oy + 15, title_.c_str());
+                  ox, oy, size, size + 20, ox + 6, oy + 15, title_size, xml(title_).c_str());
     out += buf;
     double pad = 12, inner = size - 2 * pad, top = oy + 20 + pad;
     auto X = [&](double u) { return ox + pad + u * inner; };
@@ -156,7 +175,7 @@ std::string Panel::render(double ox, double oy, double size) const
             std::snprintf(buf, sizeof buf,
                           "<text x='%.2f' y='%.2f' font-size='11' font-family='sans-serif'>%s"
                           "</text>\n",
-                          X(a), Y(b), rest + used);
+                          X(a), Y(b), xml(rest + used).c_str());
         }
         out += buf;
     }
