@@ -73,7 +73,10 @@ inline dd::DD atan_kernel(double a, double b, double z)
     double tail = ul + u * (u2 * ((kA3 + u2 * kA5) + u4 * (kA7 + u2 * kA9)));
     dd::DD y;
     double s, e;
-    dd::two_sum(kAtanTable[j][0], uh, s, e);
+    // atan c + uh exactly by fast_two_sum: |uh| <= 2^-9 + 2^-20 (z is within
+    // 2^-20 of a/b) lies below atan c >= atan(2^-8) for j >= 1, and atan c
+    // is 0 for j = 0.
+    dd::fast_two_sum(kAtanTable[j][0], uh, s, e);
     dd::fast_two_sum(s, e + (kAtanTable[j][1] + tail), y.hi, y.lo);
     return y;
 }
