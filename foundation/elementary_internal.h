@@ -39,7 +39,8 @@ constexpr double kAtanKernelError = 0x1p-68;
 // sin_cos_kernel(rh, rl, which), inline in foundation/sin_cos_kernel.h:
 // sin(r) (which == 0) or cos(r) (which == 1) for |r| <= 0.7854, r = rh + rl
 // with |rl| <= 2^-53 |rh|, within kSinKernelError or kCosKernelError of its
-// magnitude.
+// magnitude. The Cody-Waite pair, |rl| <= 2^-53 |rh| + 2^-48.7, adds an
+// absolute 2^-98.4 (charged in kCodyWaiteAbsError, reduce_pio2.h).
 
 // atan_kernel(a, b, z), inline in foundation/atan_kernel.h: atan(a/b) for
 // 0 < a <= b, both in [2^-600, 2^500], within kAtanKernelError of its
