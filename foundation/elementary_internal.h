@@ -23,7 +23,8 @@ constexpr int kSinCosTableSize = 204;
 // sin hi, lo, cos hi, lo, split of sin hi, split of cos hi
 extern const double kSinCosTable[kSinCosTableSize][8];
 constexpr int kAtanTableSize = 257;
-extern const double kAtanTable[kAtanTableSize][2];
+// atan hi, lo, then pi/2 - atan hi, lo
+extern const double kAtanTable[kAtanTableSize][4];
 
 // pi/2 and pi as double-doubles, and in fixed point.
 constexpr dd::DD kPio2DD = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54};
