@@ -1,10 +1,10 @@
 // atan, correctly rounded to nearest for every double.
 //
 // Method: atan x = atan z for z = |x| <= 1, and pi/2 - atan z with z = 1/|x|
-// for |x| > 1; atan z from the double-double kernel (atan_kernel.h), which
-// takes z as the pair (|x|, 1) or (1, |x|), so 1/|x| is never rounded. The
-// combination with pi/2 is a double-double sum (2^-103 of the sum of magnitudes, below 2^-101 of the result); as atan z <= the
-// result, the bound err = (2^-68 + 2^-100)(1 + 2^-20) |y| covers both. When
+// for |x| > 1; both from the double-double kernel (atan_kernel.h), which
+// takes z as the pair (|x|, 1) or (1, |x|), so 1/|x| is never rounded, and
+// anchors pi/2 - atan z on a tabulated pi/2 - atan c. Its relative bound
+// 2^-68 holds for both; err = (2^-68 + 2^-100)(1 + 2^-20) |y|. When
 // the rounding test fails the fixed-point slow path decides (atan_slow.cpp).
 //
 // Special cases: atan(+-0) = +-0; atan(x) = x for |x| < 2^-27 (the true value
@@ -21,13 +21,7 @@ namespace qel {
 bool atan_fast(double x, double* y)
 {
     double ax = dd::abs(x);
-    dd::DD r;
-    if (ax > 1.0) {
-        dd::DD t = atan_kernel(1.0, ax, 1.0 / ax);
-        r = dd::add(kPio2DD, dd::DD{-t.hi, -t.lo});
-    } else {
-        r = atan_kernel(ax, 1.0, ax);
-    }
+    dd::DD r = ax > 1.0 ? atan_kernel<true>(1.0, ax, 1.0 / ax) : atan_kernel(ax, 1.0, ax);
     double err = dd::abs(r.hi) * ((kAtanKernelError + 0x1p-100) * (1.0 + 0x1p-20));
     if (!dd::rounds_to_hi(r.hi, r.lo, err)) return false;
     *y = dd::copy_sign(r.hi, x);

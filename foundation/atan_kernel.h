@@ -1,4 +1,4 @@
-// Double-double kernel of the arc tangent on [0, 1].
+// Double-double kernel of the arc tangent on [0, 1], and of its complement.
 //
 // Method: for z = a/b in [0, 1] and c = j/256 the nearest table point to z,
 //   atan z = atan c + atan u,   u = (a - c b) / (b + c a),   |u| <= 2^-9,
@@ -19,6 +19,11 @@
 // kAtanKernelError = 2^-68 keeps a margin of more than two, and the tests
 // measure the kernel against MPFR (2^-69.8 at worst over two million
 // arguments).
+//
+// The complement pi/2 - atan z (kComplement, for arguments above 1) is
+// (pi/2 - atan c) - atan u with the tabulated pi/2 - atan c: the same
+// absolute errors, now against a result of at least pi/4 >= atan z, so the
+// same relative bound holds.
 #ifndef QELMATH_FOUNDATION_ATAN_KERNEL_H
 #define QELMATH_FOUNDATION_ATAN_KERNEL_H
 
@@ -26,6 +31,7 @@
 
 namespace qel {
 
+template <bool kComplement = false>
 inline dd::DD atan_kernel(double a, double b, double z)
 {
     constexpr double kA3 = -0x1.5555555555555p-2;  // -1/3
@@ -73,8 +79,19 @@ inline dd::DD atan_kernel(double a, double b, double z)
     double tail = ul + u * (u2 * ((kA3 + u2 * kA5) + u4 * (kA7 + u2 * kA9)));
     dd::DD y;
     double s, e;
-    dd::two_sum(kAtanTable[j][0], uh, s, e);
-    dd::fast_two_sum(s, e + (kAtanTable[j][1] + tail), y.hi, y.lo);
+    const double* row = kAtanTable[j];
+    if (kComplement) {
+        // (pi/2 - atan c) - uh exactly by fast_two_sum, as pi/2 - atan c >=
+        // pi/4 exceeds |uh|.
+        dd::fast_two_sum(row[2], -uh, s, e);
+        dd::fast_two_sum(s, e + (row[3] - tail), y.hi, y.lo);
+    } else {
+        // atan c + uh exactly by fast_two_sum: |uh| <= 2^-9 + 2^-20 (z is
+        // within 2^-20 of a/b) lies below atan c >= atan(2^-8) for j >= 1,
+        // and atan c is 0 for j = 0.
+        dd::fast_two_sum(row[0], uh, s, e);
+        dd::fast_two_sum(s, e + (row[1] + tail), y.hi, y.lo);
+    }
     return y;
 }
 

@@ -23,7 +23,8 @@ constexpr int kSinCosTableSize = 204;
 // sin hi, lo, cos hi, lo, split of sin hi, split of cos hi
 extern const double kSinCosTable[kSinCosTableSize][8];
 constexpr int kAtanTableSize = 257;
-extern const double kAtanTable[kAtanTableSize][2];
+// atan hi, lo, then pi/2 - atan hi, lo
+extern const double kAtanTable[kAtanTableSize][4];
 
 // pi/2 and pi as double-doubles, and in fixed point.
 constexpr dd::DD kPio2DD = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54};
@@ -39,7 +40,8 @@ constexpr double kAtanKernelError = 0x1p-68;
 // sin_cos_kernel(rh, rl, which), inline in foundation/sin_cos_kernel.h:
 // sin(r) (which == 0) or cos(r) (which == 1) for |r| <= 0.7854, r = rh + rl
 // with |rl| <= 2^-53 |rh|, within kSinKernelError or kCosKernelError of its
-// magnitude.
+// magnitude. The Cody-Waite pair, |rl| <= 2^-53 |rh| + 2^-48.7, adds an
+// absolute 2^-98.4 (charged in kCodyWaiteAbsError, reduce_pio2.h).
 
 // atan_kernel(a, b, z), inline in foundation/atan_kernel.h: atan(a/b) for
 // 0 < a <= b, both in [2^-600, 2^500], within kAtanKernelError of its

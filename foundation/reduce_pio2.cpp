@@ -7,7 +7,9 @@
 // (Sterbenz: x lies within a factor 2 of k*P1 for k != 0), and the next
 // subtraction is exact through two_sum. What remains: k * 1.0e-37 < 2^-102,
 // the rounding of k*P3 (below 2^-101, as |k*P3| < 2^-48) and of the tail
-// (2^-104 |r|). So |error| < 2^-100 + 2^-100 |r|.
+// (2^-104 |r|). So |error| < 2^-100 + 2^-100 |r|. The result is the pair
+// (s, tail) with s = x - k*P1 - k*P2 rounded: |tail| <= ulp(s)/2 + |k*P3|
+// (1 + 2^-53) < 2^-53 |s| + 2^-48; it is not renormalised (see the kernel).
 //
 // The precise variant subtracts pi/2 in four pieces, P1..P3 of at most 33
 // bits and P4 rounded (pi/2 = P1 + ... + P4 + 7.4e-49): k*P3 is exact too,

@@ -8,8 +8,9 @@
 //       + A + 2^-100 |r|            (reduction, absolute: |sin'|, |cos'| <= 1;
 //                                    2^-100 |r| <= 2^-99.6 |y| for sin r, and
 //                                    only 2^-100 r^2 for cos r)
-// which the code takes as (eps + 2^-99)(1 + 2^-20) |y| + 2A. A is 2^-100 for
-// the short Cody-Waite reduction; when that cannot decide a small result
+// which the code takes as (eps + 2^-99)(1 + 2^-20) |y| + 2A. A is 2^-98 for
+// the short Cody-Waite reduction (2^-100, and what its unnormalised tail
+// costs the kernel, see reduce_pio2.h); when that cannot decide a small result
 // (an argument near a multiple of pi/2, such as sin(pi) or cos(pi/2)), the
 // precise one (A = 2^-130) tries again. Payne-Hanek has no absolute term.
 // When the test cannot prove that hi + lo rounds to hi, the slow path in

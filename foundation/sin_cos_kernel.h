@@ -18,12 +18,17 @@
 // sin a * C adds 2^-69 |y| (sin a <= 2 |y|); cos a * th is exact and added
 // to sin a exactly; the remaining tail (at most 2^-19 |y| + 2^-52 |y|) is
 // summed with relative error 2^-51: 2^-70 |y|; the tables add 2^-105, the
-// truncated series 2^-87. Total below 2^-67.3 |y|: kSinKernelError = 2^-67.
+// truncated series 2^-87. The product Q * th is taken as the exact
+// q_hh * th_hi plus q_hh * th_lo + q_hl * th (Q = q_hh + q_hl split in the
+// table): |q_hl| <= 2^-26 |Q| and the two roundings of that correction cost
+// 2^-77 |Q th| <= 2^-77 |y|. Total below 2^-67.3 |y|: kSinKernelError =
+// 2^-67.
 //
 // Error bound of cos r (y >= 0.7): C's error (2^-70) times cos a, the
 // rounding of the tail sum (at most 2^-19 in magnitude: 2^-70), the absolute
-// error of S (2^-79.6) times sin a and the truncated series (2^-87) give less
-// than 2^-68.6 |y|: kCosKernelError = 2^-68.
+// error of S (2^-79.6) times sin a, the rounded correction of the product
+// -sin a * th (2^-77 * 2^-9) and the truncated series (2^-87) give less than
+// 2^-68.6 |y|: kCosKernelError = 2^-68.
 //
 // The tests measure both against MPFR.
 #ifndef QELMATH_FOUNDATION_SIN_COS_KERNEL_H
@@ -71,10 +76,14 @@ inline dd::DD sin_cos_kernel(double rh, double rl, int which)
     double q_l = dd::from_bits(dd::bits_of(row[3 - 2 * which]) ^ q_sign);
     double q_hh = dd::from_bits(dd::bits_of(row[6 - 2 * which]) ^ q_sign);
     double q_hl = dd::from_bits(dd::bits_of(row[7 - 2 * which]) ^ q_sign);
-    double m, me;
-    dd::two_prod_presplit(q_h, q_hh, q_hl, th, th_hi, th_lo, m, me);
+    // Q * th = m + me: m = q_hh * th_hi is exact (26 bits by 26 bits), and so
+    // is q_hh * th_lo (26 by 27); only q_hl * th, at most 2^-26 of the
+    // product, is rounded. P + m is exact through fast_two_sum, as |m| <=
+    // 2^-9 (1 + 2^-25) lies below |P| >= sin(2^-8), or P == 0 (i = 0).
+    double m = q_hh * th_hi;
+    double me = q_hh * th_lo + q_hl * th;
     double y, ye;
-    dd::two_sum(p_h, m, y, ye);
+    dd::fast_two_sum(p_h, m, y, ye);
     double lo = ye + (p_l + ((me + (p_h + p_l) * cv) + (q_h * sin_tail + q_l * th)));
     dd::DD out;
     dd::fast_two_sum(y, lo, out.hi, out.lo);

@@ -75,7 +75,8 @@ for i in range(204):
     print("    {%s, %s, %s, %s, %s, %s, %s, %s}," % (sh.hex(), sl.hex(), ch.hex(), cl.hex(),
                                                  shh.hex(), shl.hex(), chh.hex(), chl.hex()))
 
-print("// atan(j/256), j = 0..256")
+print("// atan(j/256) and pi/2 - atan(j/256), j = 0..256")
 for j in range(257):
     h, l = dd(atan(mpf(j) / 256))
-    print("    {%s, %s}," % (h.hex(), l.hex()))
+    ch, cl = dd(pi / 2 - atan(mpf(j) / 256))
+    print("    {%s, %s, %s, %s}," % (h.hex(), l.hex(), ch.hex(), cl.hex()))

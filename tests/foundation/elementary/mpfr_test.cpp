@@ -96,6 +96,10 @@ TEST(ElementaryTables, SineCosineAndArcTangentAnchorsMatchMpfr)
         mpfr_div_2ui(a, a, 8, MPFR_RNDN);
         mpfr_atan(v, a, MPFR_RNDN);
         expect_double_double(v, qel::kAtanTable[j][0], qel::kAtanTable[j][1], "atan", j);
+        mpfr_const_pi(a, MPFR_RNDN);
+        mpfr_div_2ui(a, a, 1, MPFR_RNDN);
+        mpfr_sub(v, a, v, MPFR_RNDN);
+        expect_double_double(v, qel::kAtanTable[j][2], qel::kAtanTable[j][3], "pi/2 - atan", j);
     }
     mpfr_const_pi(v, MPFR_RNDN);
     expect_double_double(v, qel::kPiDD.hi, qel::kPiDD.lo, "pi", 0);
@@ -160,6 +164,8 @@ TEST(ElementaryKernels, ErrorsStayWellInsideTheirBounds)
         double a = zh * b;
         if (a > b) a = b;
         worst_atan = std::max(worst_atan, relative_error_ratio(a, b, qel::atan_kernel(a, b, a / b)));
+        // The complement pi/2 - atan(a/b) is atan2(b, a).
+        worst_atan = std::max(worst_atan, relative_error_ratio(b, a, qel::atan_kernel<true>(a, b, a / b)));
     }
     std::printf("kernel errors: sin 2^%.2f cos 2^%.2f atan 2^%.2f\n", std::log2(worst_sin),
                 std::log2(worst_cos), std::log2(worst_atan));
