@@ -22,6 +22,7 @@
 
 #include "QELMath.h"
 #include "foundation/constants.h"
+#include "foundation/pivot.h"
 #include "foundation/rowops.h"
 
 QELMATH_API double mt_Det(double* a, int n)
@@ -32,17 +33,9 @@ QELMATH_API double mt_Det(double* a, int n)
     const std::size_t order = static_cast<std::size_t>(n);
 
     // Search of step 0 over the whole matrix.
-    double d = 0.0;
-    std::size_t pivot_row = 0, pivot_col = 0;
-    for (std::size_t i = 0; i < order; ++i) {
-        double mag;
-        const std::size_t j = qel::row_argmax(a + i * order, order, &mag);
-        if (mag > d) {
-            d = mag;
-            pivot_row = i;
-            pivot_col = j;
-        }
-    }
+    const qel::Pivot first = qel::search_pivot(a, order);
+    double d = first.magnitude;
+    std::size_t pivot_row = first.row, pivot_col = first.col;
 
     double product = 1.0;
     double sign = 1.0;

@@ -28,24 +28,9 @@
 
 #include "QELMath.h"
 #include "foundation/constants.h"
+#include "foundation/pivot.h"
 #include "foundation/rowops.h"
 #include "foundation/scratch.h"
-
-namespace {
-
-void swap_rows(double* a, std::size_t n, std::size_t r1, std::size_t r2)
-{
-    double* x = a + r1 * n;
-    double* y = a + r2 * n;
-    for (std::size_t j = 0; j < n; ++j) std::swap(x[j], y[j]);
-}
-
-void swap_columns(double* a, std::size_t n, std::size_t c1, std::size_t c2)
-{
-    for (std::size_t i = 0; i < n; ++i) std::swap(a[i * n + c1], a[i * n + c2]);
-}
-
-}  // namespace
 
 QELMATH_API int mt_Inv(double* a, int n)
 {
@@ -58,24 +43,16 @@ QELMATH_API int mt_Inv(double* a, int n)
     int* pivot_cols = record.get() + order;
 
     // Search of step 0 over the whole matrix.
-    double d = 0.0;
-    std::size_t pivot_row = 0, pivot_col = 0;
-    for (std::size_t i = 0; i < order; ++i) {
-        double mag;
-        const std::size_t j = qel::row_argmax(a + i * order, order, &mag);
-        if (mag > d) {
-            d = mag;
-            pivot_row = i;
-            pivot_col = j;
-        }
-    }
+    const qel::Pivot first = qel::search_pivot(a, order);
+    double d = first.magnitude;
+    std::size_t pivot_row = first.row, pivot_col = first.col;
 
     for (std::size_t k = 0; k < order; ++k) {
         if (d <= qel::kPivotThreshold) return 0;
         pivot_rows[k] = static_cast<int>(pivot_row);
         pivot_cols[k] = static_cast<int>(pivot_col);
-        if (pivot_row != k) swap_rows(a, order, k, pivot_row);
-        if (pivot_col != k) swap_columns(a, order, k, pivot_col);
+        if (pivot_row != k) qel::swap_rows(a, order, k, pivot_row);
+        if (pivot_col != k) qel::swap_columns(a, order, k, pivot_col);
 
         double* row_k = a + k * order;
         const double r = 1.0 / row_k[k];
@@ -111,8 +88,8 @@ QELMATH_API int mt_Inv(double* a, int n)
     for (std::size_t k = order; k-- > 0;) {
         const std::size_t col = static_cast<std::size_t>(pivot_cols[k]);
         const std::size_t row = static_cast<std::size_t>(pivot_rows[k]);
-        if (col != k) swap_rows(a, order, k, col);
-        if (row != k) swap_columns(a, order, k, row);
+        if (col != k) qel::swap_rows(a, order, k, col);
+        if (row != k) qel::swap_columns(a, order, k, row);
     }
     return 1;
 }

@@ -21,21 +21,10 @@
 
 #include "QELMath.h"
 #include "foundation/constants.h"
+#include "foundation/pivot.h"
 #include "foundation/scratch.h"
 
 namespace {
-
-void swap_rows(double* a, std::size_t n, std::size_t r1, std::size_t r2)
-{
-    double* x = a + r1 * n;
-    double* y = a + r2 * n;
-    for (std::size_t j = 0; j < n; ++j) std::swap(x[j], y[j]);
-}
-
-void swap_columns(double* a, std::size_t n, std::size_t c1, std::size_t c2)
-{
-    for (std::size_t i = 0; i < n; ++i) std::swap(a[i * n + c1], a[i * n + c2]);
-}
 
 // dst -= x * y over a run of columns, x from row k and y = a[i][k] fixed.
 void reduce(double* __restrict dr, double* __restrict di, const double* __restrict xr,
@@ -80,12 +69,12 @@ QELMATH_API int mt_Inv(double* ar, double* ai, int n)
         pivot_rows[k] = static_cast<int>(pivot_row);
         pivot_cols[k] = static_cast<int>(pivot_col);
         if (pivot_row != k) {
-            swap_rows(ar, order, k, pivot_row);
-            swap_rows(ai, order, k, pivot_row);
+            qel::swap_rows(ar, order, k, pivot_row);
+            qel::swap_rows(ai, order, k, pivot_row);
         }
         if (pivot_col != k) {
-            swap_columns(ar, order, k, pivot_col);
-            swap_columns(ai, order, k, pivot_col);
+            qel::swap_columns(ar, order, k, pivot_col);
+            qel::swap_columns(ai, order, k, pivot_col);
         }
 
         double* rk = ar + k * order;
@@ -124,12 +113,12 @@ QELMATH_API int mt_Inv(double* ar, double* ai, int n)
         const std::size_t col = static_cast<std::size_t>(pivot_cols[k]);
         const std::size_t row = static_cast<std::size_t>(pivot_rows[k]);
         if (col != k) {
-            swap_rows(ar, order, k, col);
-            swap_rows(ai, order, k, col);
+            qel::swap_rows(ar, order, k, col);
+            qel::swap_rows(ai, order, k, col);
         }
         if (row != k) {
-            swap_columns(ar, order, k, row);
-            swap_columns(ai, order, k, row);
+            qel::swap_columns(ar, order, k, row);
+            qel::swap_columns(ai, order, k, row);
         }
     }
     return 1;
