@@ -35,6 +35,23 @@ inline Pivot search_pivot(const double* a, std::size_t order)
     return best;
 }
 
+// The same search on squared moduli re*re + im*im of a complex matrix kept
+// as separate arrays of real and imaginary parts.
+inline Pivot search_pivot_complex(const double* re, const double* im, std::size_t order)
+{
+    Pivot best;
+    for (std::size_t i = 0; i < order; ++i) {
+        double mag;
+        const std::size_t j = crow_argmax(re + i * order, im + i * order, order, &mag);
+        if (mag > best.magnitude) {
+            best.magnitude = mag;
+            best.row = i;
+            best.col = j;
+        }
+    }
+    return best;
+}
+
 inline void swap_rows(double* a, std::size_t order, std::size_t r1, std::size_t r2)
 {
     double* x = a + r1 * order;

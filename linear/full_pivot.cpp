@@ -25,6 +25,7 @@
 #include <utility>
 
 #include "foundation/constants.h"
+#include "foundation/pivot.h"
 #include "foundation/rowops.h"
 
 namespace qel {
@@ -35,17 +36,9 @@ int gauss_full_pivot(double* a, double* b, std::size_t n, int* record)
     const double eps = kPivotThreshold;
 
     // Pivot search of the first step; later steps get theirs from the updates.
-    double best = 0.0;
-    std::size_t pivot_row = 0, pivot_col = 0;
-    for (std::size_t i = 0; i < n; ++i) {
-        double m;
-        std::size_t j = kern.argmax(a + i * n, n, &m);
-        if (m > best) {
-            best = m;
-            pivot_row = i;
-            pivot_col = j;
-        }
-    }
+    const qel::Pivot first = qel::search_pivot(a, n);
+    double best = first.magnitude;
+    std::size_t pivot_row = first.row, pivot_col = first.col;
 
     for (std::size_t k = 0; k + 1 < n; ++k) {
         if (best <= eps) return 0;

@@ -24,6 +24,7 @@
 #include <utility>
 
 #include "foundation/constants.h"
+#include "foundation/pivot.h"
 #include "foundation/rowops.h"
 #include "foundation/scratch.h"
 
@@ -55,17 +56,9 @@ int solve(double* ar, double* ai, std::size_t n, double* br, double* bi, int* re
     const qel::RowKernels& kern = qel::row_kernels();
     const double eps = qel::kPivotThreshold;
 
-    double best = 0.0;
-    std::size_t pivot_row = 0, pivot_col = 0;
-    for (std::size_t i = 0; i < n; ++i) {
-        double m;
-        std::size_t j = kern.cargmax(ar + i * n, ai + i * n, n, &m);
-        if (m > best) {
-            best = m;
-            pivot_row = i;
-            pivot_col = j;
-        }
-    }
+    const qel::Pivot first = qel::search_pivot_complex(ar, ai, n);
+    double best = first.magnitude;
+    std::size_t pivot_row = first.row, pivot_col = first.col;
 
     for (std::size_t k = 0; k + 1 < n; ++k) {
         if (best <= eps) return 0;

@@ -19,6 +19,7 @@
 #include <utility>
 
 #include "foundation/constants.h"
+#include "foundation/pivot.h"
 #include "foundation/rowops.h"
 #include "foundation/scratch.h"
 
@@ -35,17 +36,9 @@ int solve(double* ar, double* ai, double* br, double* bi, std::size_t n, std::si
     const qel::RowKernels& kern = qel::row_kernels();
     const double eps = qel::kPivotThreshold;
 
-    double best = 0.0;
-    std::size_t pivot_row = 0, pivot_col = 0;
-    for (std::size_t i = 0; i < n; ++i) {
-        double mag;
-        std::size_t j = kern.cargmax(ar + i * n, ai + i * n, n, &mag);
-        if (mag > best) {
-            best = mag;
-            pivot_row = i;
-            pivot_col = j;
-        }
-    }
+    const qel::Pivot first = qel::search_pivot_complex(ar, ai, n);
+    double best = first.magnitude;
+    std::size_t pivot_row = first.row, pivot_col = first.col;
 
     for (std::size_t k = 0; k < n; ++k) {
         if (best <= eps) return 0;
