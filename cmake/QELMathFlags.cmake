@@ -1,7 +1,7 @@
 # Floating-point rules for every target of the project, tests and benchmarks
 # included: IEEE doubles with no contraction into fused multiply-adds, so that
 # results are the same at every optimisation level and on every platform.
-# Never -ffast-math or anything that implies it.
+# Nothing that relaxes IEEE semantics is ever added.
 add_compile_options(-ffp-contract=off -Wall -Wextra)
 
 # 32-bit x86 would otherwise evaluate in x87 extended precision.
