@@ -392,9 +392,12 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
 
 /* Clips the integer polygon pts (n x, y pairs, implicitly closed) against the
  * rectangle [x1, x2] x [y1, y2].
- * Input: any int coordinates, the whole 32-bit range (every difference is
- * exact in a double). The polygon may run either way, repeat its first point
- * at the end and touch itself; points closer than 0.001 are one point.
+ * Input: any int coordinates; what is said below holds for coordinates up to
+ * 2^30 (about 1.07e9) in magnitude. Beyond that, up to the int range, the
+ * rounding of the on-segment test nears its 5e-7 band and a crossing that
+ * falls on a side can be lost. The polygon may run either way, repeat its
+ * first point at the end and touch itself; points closer than 0.001 are one
+ * point.
  * Returns k >= 1, the number of closed contours, each counter-clockwise (y up,
  * positive area before rounding) with its vertices listed once; *outPts
  * receives 2m ints (the contours' x, y pairs one contour after another, m

@@ -22,7 +22,7 @@
 #include <CGAL/Boolean_set_operations_2.h>
 #include <CGAL/Exact_predicates_exact_constructions_kernel.h>
 
-#include <cstdlib>
+#include <cstdint>
 #include <algorithm>
 #include <cmath>
 #include <random>
@@ -38,6 +38,12 @@ namespace {
 using K = CGAL::Exact_predicates_exact_constructions_kernel;
 using Polygon = CGAL::Polygon_2<K>;
 using PolygonWithHoles = CGAL::Polygon_with_holes_2<K>;
+
+K::FT ToFT(std::int64_t v)   // exactly, in two 32-bit halves
+{
+    const std::int64_t hi = v / 4294967296, lo = v % 4294967296;
+    return K::FT(static_cast<double>(hi)) * K::FT(4294967296.0) + K::FT(static_cast<double>(lo));
+}
 
 Polygon ToPolygon(const std::vector<int>& p)
 {
@@ -150,19 +156,20 @@ bool Agrees(const clipcases::Case& c, Deviation& dev)
     if (k >= 1) {
         ++dev.clipped;
         pieces = k;
-        long twice = 0, at = 0;
+        std::int64_t twice = 0, at = 0;
         for (int i = 0; i < k; ++i) {
-            long perimeter = 0;
+            std::int64_t perimeter = 0;
             for (int j = 0; j < counts[i]; ++j) {
                 const int* p = pts + 2 * (at + j);
                 const int* q = pts + 2 * (at + (j + 1) % counts[i]);
-                twice += static_cast<long>(p[0] - q[0]) * (p[1] + q[1]);
-                perimeter += std::labs(static_cast<long>(p[0]) - q[0]) + std::labs(static_cast<long>(p[1]) - q[1]);
+                const std::int64_t dx = static_cast<std::int64_t>(p[0]) - q[0], dy = static_cast<std::int64_t>(p[1]) - q[1];
+                twice += dx * (static_cast<std::int64_t>(p[1]) + q[1]);
+                perimeter += (dx < 0 ? -dx : dx) + (dy < 0 ? -dy : dy);
             }
-            bound += d * K::FT(perimeter) + K::FT(counts[i]) * d * d;
+            bound += d * ToFT(perimeter) + K::FT(counts[i]) * d * d;
             at += counts[i];
         }
-        area = K::FT(twice) / 2;
+        area = ToFT(twice) / 2;
         mem_free(pts);
         mem_free(counts);
     } else if (k == -2) {
@@ -170,7 +177,7 @@ bool Agrees(const clipcases::Case& c, Deviation& dev)
         area = CGAL::abs(poly.area());
     } else if (k == -3) {
         pieces = 1;
-        area = K::FT(static_cast<long>(c.x2 - c.x1) * (c.y2 - c.y1));
+        area = ToFT(static_cast<std::int64_t>(c.x2) - c.x1) * ToFT(static_cast<std::int64_t>(c.y2) - c.y1);
     }
     bound += exact.thin;
     const K::FT off = CGAL::abs(area - exact.area);
