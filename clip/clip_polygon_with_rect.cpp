@@ -40,9 +40,12 @@
 #include <cmath>
 
 #include "QELMath.h"
+#include "clip/clip_common_case.h"
+#include "clip/clip_graph_merge.h"
+#include "clip/clip_margins.h"
 #include "clip/clip_predicates.h"
 #include "clip/clip_work.h"
-#include "clip/contour.h"
+#include "clip/write_contours.h"
 #include "clip/side_locator.h"
 
 namespace {
@@ -126,16 +129,6 @@ double MaxAbs(double a, double b, double c, double d)
     return m;
 }
 
-// Margin beyond which a segment's box cannot meet a line of the clipper in
-// any predicate: the coincidence radius, the line band over the longest edge,
-// and the rounding of line crossings, which grows with the magnitude M of the
-// coordinates times the size D of the figure (D also bounds 1/sin of the
-// slope of an integer edge).
-double FarMargin(double m, double d)
-{
-    return 1e-3 + 1e-6 * d + 1e-9 * (m + d) + 1e-13 * (m + d + 1.0) * (d + 1.0);
-}
-
 // FarMargin for a segment with fractional ends: the bound 1/sin <= D of an
 // integer edge's slope becomes r, its length over the smaller of its extents
 // on the axes the range tests read (a segment of length 0 takes part in no
@@ -187,7 +180,7 @@ struct PolygonLocator {
         double m = frameAbs;
         if (std::fabs(x) > m) m = std::fabs(x);
         if (std::fabs(y) > m) m = std::fabs(y);
-        const double mu = FarMargin(m, f.length);
+        const double mu = qel::FarMargin(m, f.length);
         unsigned crossings = 0;
         const int* ends = g->ends.data();
         for (int k = 0; k < g->edge_count(); ++k) {
@@ -284,7 +277,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     double mag = MaxAbs(gb.minX, gb.minY, gb.maxX, gb.maxY);
     const double rmag = MaxAbs(rx1, ry1, rx2, ry2);
     if (rmag > mag) mag = rmag;
-    const double mu = FarMargin(mag, size);
+    const double mu = qel::FarMargin(mag, size);
 
     auto split = [&](int e, int k) {
         const std::size_t ue = static_cast<std::size_t>(e);
@@ -597,43 +590,31 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     }
 
     // 15, 16: the contours, counter-clockwise, rounded.
-    const int k = static_cast<int>(contourEnd.size());
-    if (k == 0) return -1;
-    const std::size_t total = contourEnd.size() == 0 ? 0 : static_cast<std::size_t>(contourEnd[contourEnd.size() - 1]);
-    if (total > (UINT32_MAX / (2 * sizeof(int)))) return kFail;
-    int* counts = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(static_cast<std::size_t>(k) * sizeof(int))));
-    if (counts == nullptr) return kFail;
-    int* out = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(2 * total * sizeof(int))));
-    if (out == nullptr) {
-        mem_free(counts);
-        return kFail;
-    }
-    std::size_t w = 0, from = 0;
-    for (int i = 0; i < k; ++i) {
-        const std::size_t to = static_cast<std::size_t>(contourEnd[static_cast<std::size_t>(i)]);
-        const int len = static_cast<int>(to - from);
-        const int* ids = chain.data() + from;
-        const double area = qel::ContourShoelace(len, [&](int j) { return g.pts.at(ids[j]); });
-        for (int j = 0; j < len; ++j) {
-            const int at = (area < 0.0 && j > 0) ? len - j : j;
-            const double* p = g.pts.at(ids[at]);
-            out[w++] = qel::RoundCoordinate(p[0]);
-            out[w++] = qel::RoundCoordinate(p[1]);
-        }
-        counts[i] = len;
-        from = to;
-    }
-    *outPts = out;
-    *outCounts = counts;
-    return k;
+    return qel::WriteContours(g.pts.coords(), chain.data(), contourEnd.data(), static_cast<int>(contourEnd.size()),
+                              outPts, outCounts);
 }
 
 }  // namespace
 
-QELMATH_API int ClipPolygonWithRect(int x1, int y1, int x2, int y2, int* pts, int n, int** outPts,
-                                    int** outCounts)
+namespace qel {
+
+int ClipByGraphMerge(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, int** outCounts)
 {
     if (n <= 0 || x1 >= x2 || y1 >= y2) return -1;
     const int k = Clip(x1, y1, x2, y2, pts, n, outPts, outCounts);
     return k == kFail ? -1 : k;
+}
+
+}  // namespace qel
+
+// Input where nothing sits near anything else takes the linear pass, which
+// gives the merge's bits; the rest, and whatever the pass cannot vouch for,
+// takes the merge.
+QELMATH_API int ClipPolygonWithRect(int x1, int y1, int x2, int y2, int* pts, int n, int** outPts,
+                                    int** outCounts)
+{
+    if (n <= 0 || x1 >= x2 || y1 >= y2) return -1;
+    const int common = qel::ClipCommonCase(x1, y1, x2, y2, pts, n, outPts, outCounts);
+    if (common != qel::kNotCommonCase) return common;
+    return qel::ClipByGraphMerge(x1, y1, x2, y2, pts, n, outPts, outCounts);
 }

@@ -1,0 +1,625 @@
+// ClipCommonCase: ClipPolygonWithRect in one linear pass when nothing sits
+// near anything else, with the general graph merge's bits.
+//
+// The general merge pays, per vertex, for a point grid (every point hashed
+// twice or more), a ray-cast location of every polygon vertex against the
+// rectangle, a sort of all vertices for locating the outline, an edge-pair
+// index and per-vertex edge lists for the walk. In the common case every one
+// of its decisions is known from integer comparisons and from the few
+// predicates this pass evaluates itself, and the graph it walks is a set of
+// disjoint cycles. The pass checks the conditions below as it goes and hands
+// the input back (kNotCommonCase) at the first that fails.
+//
+// Conditions (M: largest coordinate magnitude, L: a probe ray's length):
+//  C1 |coordinates| <= 2^24, so that sums, differences and products of two
+//     differences of input coordinates are exact in doubles;
+//  C2 no vertex on the line of a side (x = x1, x2 or y = y1, y2), so every
+//     vertex is at least 1 from each side's line, and no two vertices inside
+//     the rectangle are equal (after dropping consecutive repeats);
+//  C3 every segment the merge's side pass could test (its own box rule, the
+//     shared FarMargin, every piece of a split edge) gives the predicate
+//     results of a clean crossing: no vertex on a side, no corner on an edge,
+//     a crossing only for an edge whose ends lie on opposite sides of the
+//     side's line, and no line crossing within 2e-3 of a corner;
+//  C4 every crossing lies on its side and on its polygon edge by
+//     PointOnSegment;
+//  C5 every corner is at least 2e-3 from every polygon edge, and along each
+//     side neighbouring boundary points are so far apart that each midpoint
+//     between them is at least 2e-3 from every polygon edge;
+//  C6 the probe rays are robust: both probe directions lean at least 1e-3
+//     off the axes; the rectangle's ray from an inside vertex, and the
+//     polygon's ray from a corner or a midpoint, passes no vertex (corner)
+//     within d = 1e-6 + 4e + 1e-15 (M + L)^2 / L of its line, e = 3.6e-15
+//     (M + L) bounding the rounding of a computed line crossing times the
+//     sine of the crossing angle; the polygon's ray ends at least 1 beyond
+//     the polygon's box; no polygon edge runs within a sine of 4e of the
+//     ray's direction (or 2e-6 / L for the parallel threshold), and the
+//     lines of edges within a sine of 2000e pass every located point at 4e.
+//
+// Why the result is the merge's then. Steps 1-4 are the same integer tests.
+// The side pass (step 6) is evaluated here with the same predicates on the
+// same points in the same order: the merge's own box rule decides which
+// original edges are tried, and every piece of a split edge is tried against
+// every later side, a superset of what the merge tries, which is harmless
+// because a piece the merge skips gives 0 (the merge equals the plain
+// procedure, which tries everything). So the crossings, their bits, the
+// pieces and their order are the merge's. C3 makes this the set of true
+// crossings of the sides.
+// Step 7 keeps crossings (C4: on their side) and inside vertices, drops the
+// others: an outside vertex is at least 1 outside the box (C2) and fails the
+// box test; an inside one is at least 1 from every side, so it lies on no
+// side, and its ray (C6) meets the rectangle's boundary once, clear of the
+// corners and of the ray's ends, every range test deciding as in exact
+// arithmetic (the true offsets are at least d / sin or 1 against rounding
+// e / sin): inside.
+// Step 8 orders each side's crossings by the same squared distances, all
+// distinct (C5). Step 10 keeps crossings (C4: on their own edge, the merge's
+// first try) and locates corners and midpoints, each at least 2e-3 from every
+// edge (C5), with rays that pass no vertex closely, cross no edge near their
+// start or end and meet no edge at a rounding-sensitive angle (C6): every
+// RayCrossesEdge returns whether the ray truly crosses the edge, so the count
+// is the exact crossing parity. That parity is computed here exactly: for the
+// corners by counting, in exact integer arithmetic, the edges that cross the
+// side's line before the corner, and for the points along a side by flipping
+// at each crossing. The parity at the end of each side must agree with the
+// next corner's, a check of the whole.
+// Step 11 finds no coinciding points and no repeated or opposed edges:
+// crossings are at least 2e-3 from corners and each other and a chord cannot
+// end twice on one side. So every kept point has exactly two kept edges (one
+// polygon piece and one outline edge at a crossing), the graph is disjoint
+// cycles, the walk's choice at a vertex is forced, and the chains follow from
+// the edges in the merge's order: original edges (pieces in place), then the
+// split-off pieces in creation order, then the outline edges along the
+// boundary. The shared output stage finishes them.
+#include "clip/clip_common_case.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+#include "clip/clip_margins.h"
+#include "clip/clip_predicates.h"
+#include "clip/clip_work.h"
+#include "clip/write_contours.h"
+
+namespace qel {
+
+namespace {
+
+using clipwork::Buffer;
+
+constexpr int kNot = kNotCommonCase;
+constexpr double kLimit = 16777216.0;   // C1: 2^24
+constexpr double kNear = 2e-3;          // C3, C5
+constexpr double kLean = 1e-3;          // C6
+
+struct Piece {
+    int a, b;   // point ids, in the edge's direction
+    int edge;   // the original edge it is part of
+};
+
+struct Crossing {
+    double key;   // squared distance from the side's first corner
+    int id;       // point id
+    int edge;     // original edge
+};
+
+// Rounding allowance of a computed line crossing times the sine of the
+// crossing angle, and the distance from a probe ray within which a vertex
+// could change a decision (C6).
+double CrossingSlack(double m, double l) { return 3.6e-15 * (m + l); }
+double RayClearance(double m, double l)
+{
+    return 1e-6 + 4.0 * CrossingSlack(m, l) + 1e-15 * (m + l) * (m + l) / l;
+}
+
+// Exact in doubles under C1: differences of inputs and their products.
+double Cross(const double* p, const double* q, const double* c)
+{
+    return (q[0] - p[0]) * (c[1] - p[1]) - (q[1] - p[1]) * (c[0] - p[0]);
+}
+
+// Open-addressing set of integer points: true when the point was there.
+class PointSeen {
+public:
+    bool init(int expected)
+    {
+        std::size_t n = 16;
+        while (n < 2 * static_cast<std::size_t>(expected) + 2) n *= 2;
+        return keys_.assign(n, kEmpty);
+    }
+    bool seen(int x, int y)
+    {
+        const std::uint64_t key = (static_cast<std::uint64_t>(static_cast<std::uint32_t>(x)) << 32) |
+                                  static_cast<std::uint32_t>(y);
+        const std::size_t mask = keys_.size() - 1;
+        std::uint64_t h = key * 0x9E3779B97F4A7C15ull;
+        for (std::size_t i = static_cast<std::size_t>(h >> 32) & mask;; i = (i + 1) & mask) {
+            if (keys_[i] == kEmpty) {
+                keys_[i] = key;
+                return false;
+            }
+            if (keys_[i] == key) return true;
+        }
+    }
+
+private:
+    // x = y = INT_MIN: beyond C1, so never a point of the pass.
+    static constexpr std::uint64_t kEmpty = 0x8000000080000000ull;
+    Buffer<std::uint64_t> keys_;
+};
+
+class Pass {
+public:
+    Pass(int x1, int y1, int x2, int y2) : rect_{double(x1), double(y1), double(x2), double(y2)}
+    {
+        const double c[8] = {rect_[0], rect_[1], rect_[2], rect_[1], rect_[2], rect_[3], rect_[0], rect_[3]};
+        for (int i = 0; i < 8; ++i) corners_[i] = c[i];
+    }
+    int run(const int* pts, int n, int** outPts, int** outCounts);
+
+private:
+    bool vertices(const int* pts, int n);
+    bool insideVertices();
+    bool edges();
+    bool sides();
+    bool evaluate(int side, int a, int b, int edge, int* split);
+    bool outline();
+    bool located();
+    int walk(int** outPts, int** outCounts);
+
+    bool noMemory()
+    {
+        oom_ = true;
+        return false;
+    }
+    const double* at(int id) const { return xy_.data() + 2 * static_cast<std::size_t>(id); }
+    bool keptPoint(int id) const { return id >= m_ ? (id < cornerBase_ || cornerIn_[id - cornerBase_]) : inside_[id] != 0; }
+
+    double rect_[4];
+    double corners_[8];
+    double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0, mag_ = 0;
+    int m_ = 0;                       // distinct vertices, ids 0 .. m - 1
+    Buffer<double> xy_;               // vertices, then crossings, then corners
+    Buffer<unsigned char> inside_;    // per vertex
+    Buffer<unsigned char> nearMask_;  // per original edge: sides the merge tries it on
+    Buffer<int> near_;                // original edges with a mask, in order
+    Buffer<int> tail_;                // per original edge: end of its piece in place
+    Buffer<Piece> extra_;             // pieces split off, in creation order
+    Buffer<Crossing> cuts_[4];
+    Buffer<double> sine_;             // per crossing: sine of its edge's angle with the side
+    bool cornerIn_[4] = {false, false, false, false};
+    int cornerBase_ = 0;
+    Buffer<int> ring_;                // outline point ids along the boundary
+    Buffer<unsigned char> ringIn_;    // per outline segment: inside the polygon
+    ProbeFrame pf_{};
+    Buffer<int> risky_;               // edges nearly parallel to the polygon's probe ray
+    int parity_[4] = {0, 0, 0, 0};
+    bool oom_ = false;   // memory ran out: the answer is -1, as the merge's
+};
+
+bool Pass::vertices(const int* pts, int n)
+{
+    // Orientation exactly as the graph is built, then the distinct
+    // consecutive points in walking order.
+    double s = 0.0;
+    for (int i = 0; i + 1 < n; ++i) {
+        const double xi = pts[2 * i], yi = pts[2 * i + 1];
+        const double xj = pts[2 * i + 2], yj = pts[2 * i + 3];
+        s = s + (xi - xj) * (yi + yj);
+    }
+    const double xl = pts[2 * (n - 1)], yl = pts[2 * (n - 1) + 1];
+    s = s + (xl - static_cast<double>(pts[0])) * (yl + static_cast<double>(pts[1]));
+    const int start = (s > 0.0) ? 0 : n - 1;
+    const int step = (s > 0.0) ? 1 : -1;
+    if (!xy_.reserve(2 * static_cast<std::size_t>(n) + 64)) return noMemory();
+    int px = pts[2 * start], py = pts[2 * start + 1];
+    xy_.push(px);
+    xy_.push(py);
+    for (int k = 1, i = start + step; k < n; ++k, i += step) {
+        const int x = pts[2 * i], y = pts[2 * i + 1];
+        if (x == px && y == py) continue;
+        xy_.push(x);
+        xy_.push(y);
+        px = x;
+        py = y;
+    }
+    m_ = static_cast<int>(xy_.size() / 2);
+    if (m_ > 1 && px == pts[2 * start] && py == pts[2 * start + 1]) {
+        xy_.truncate(xy_.size() - 2);
+        --m_;
+    }
+    return m_ >= 3;
+}
+
+// Step 7 for the vertices, and C2's inside repeats.
+bool Pass::insideVertices()
+{
+    if (!inside_.resize(static_cast<std::size_t>(m_))) return noMemory();
+    int count = 0;
+    for (int i = 0; i < m_; ++i) {
+        const double* p = at(i);
+        const bool in = rect_[0] < p[0] && p[0] < rect_[2] && rect_[1] < p[1] && p[1] < rect_[3];
+        inside_[static_cast<std::size_t>(i)] = in ? 1 : 0;
+        count += in ? 1 : 0;
+    }
+    if (count == 0) return true;
+    ProbeFrame rf;
+    MakeProbeFrame(rect_[0], rect_[1], rect_[2], rect_[3], &rf);
+    if (std::fabs(rf.cosL) < kLean || std::fabs(rf.sinL) < kLean) return false;
+    const double clear = RayClearance(mag_, rf.length);
+    double wc[4];
+    for (int k = 0; k < 4; ++k) wc[k] = corners_[2 * k] * rf.sinL - corners_[2 * k + 1] * rf.cosL;
+    PointSeen seen;
+    if (!seen.init(count)) return noMemory();
+    for (int i = 0; i < m_; ++i) {
+        if (!inside_[static_cast<std::size_t>(i)]) continue;
+        const double* p = at(i);
+        const double w = p[0] * rf.sinL - p[1] * rf.cosL;
+        for (int k = 0; k < 4; ++k)
+            if (std::fabs(w - wc[k]) < clear) return false;
+        if (seen.seen(static_cast<int>(p[0]), static_cast<int>(p[1]))) return false;
+    }
+    return true;
+}
+
+// One pass over the original edges: the sides the merge tries each on, the
+// corners' distances (C5), the corners' crossing parities, and the edges'
+// angles with the polygon's probe ray (C6).
+bool Pass::edges()
+{
+    const double size = std::sqrt((maxX_ - minX_) * (maxX_ - minX_) + (maxY_ - minY_) * (maxY_ - minY_));
+    const double mu = FarMargin(mag_, size);
+    const double slack = CrossingSlack(mag_, pf_.length);
+    if (!nearMask_.assign(static_cast<std::size_t>(m_), 0) || !tail_.resize(static_cast<std::size_t>(m_)))
+        return noMemory();
+    const double inLoX = rect_[0] + mu, inHiX = rect_[2] - mu, inLoY = rect_[1] + mu, inHiY = rect_[3] - mu;
+    for (int e = 0; e < m_; ++e) {
+        const int f = (e + 1 == m_) ? 0 : e + 1;
+        tail_[static_cast<std::size_t>(e)] = f;
+        const double* p = at(e);
+        const double* q = at(f);
+        const double lx = std::min(p[0], q[0]), hx = std::max(p[0], q[0]);
+        const double ly = std::min(p[1], q[1]), hy = std::max(p[1], q[1]);
+
+        // C6: the edge against the polygon's probe direction.
+        const double dx = q[0] - p[0], dy = q[1] - p[1];
+        const double len = std::sqrt(dx * dx + dy * dy);
+        const double across = std::fabs(dx * pf_.sinL - dy * pf_.cosL);   // len * sin
+        if (across < 4.0 * slack * len || across * pf_.length < 2e-6) return false;
+        if (across < 2000.0 * slack * len && !risky_.push(e)) return noMemory();
+
+        // Corners within the edge's box (strictly, C2): distance and parity.
+        for (int k = 0; k < 4; ++k) {
+            const double* c = corners_ + 2 * k;
+            if (lx < c[0] && c[0] < hx && ly < c[1] && c[1] < hy) {
+                const double cr = Cross(p, q, c);
+                if (cr * cr < kNear * kNear * len * len * (1.0 + 1e-9)) return false;
+            }
+        }
+        for (int line = 0; line < 2; ++line) {
+            const double y = rect_[2 * line + 1];
+            if ((p[1] < y) == (q[1] < y)) continue;
+            // The crossing's x against x1 and x2, exactly.
+            for (int side = 0; side < 2; ++side) {
+                const double x = rect_[2 * side];
+                const double num = (p[0] - x) * (q[1] - y) - (q[0] - x) * (p[1] - y);
+                if (num == 0.0) return false;
+                const bool before = (num > 0.0) == (q[1] > p[1]) ? false : true;
+                // corners: line 0 -> (x1,y1) = 0, (x2,y1) = 1; line 1 -> (x2,y2) = 2, (x1,y2) = 3
+                const int k = line == 0 ? side : 3 - side;
+                if (before) parity_[k] ^= 1;
+            }
+        }
+
+        // The merge's box rule for the side pass.
+        if (hx < rect_[0] - mu || lx > rect_[2] + mu || hy < rect_[1] - mu || ly > rect_[3] + mu) continue;
+        if (lx > inLoX && hx < inHiX && ly > inLoY && hy < inHiY) continue;
+        unsigned char mask = 0;
+        for (int s = 0; s < 4; ++s) {
+            const double* a = corners_ + 2 * s;
+            const double* b = corners_ + 2 * ((s + 1) % 4);
+            const double a0x = std::min(a[0], b[0]), a1x = std::max(a[0], b[0]);
+            const double a0y = std::min(a[1], b[1]), a1y = std::max(a[1], b[1]);
+            const double loX = a0x - mu, hiX = a1x + mu, loY = a0y - mu, hiY = a1y + mu;
+            if ((p[0] < loX && q[0] < loX) || (p[0] > hiX && q[0] > hiX) || (p[1] < loY && q[1] < loY) ||
+                (p[1] > hiY && q[1] > hiY))
+                continue;
+            mask = static_cast<unsigned char>(mask | (1u << s));
+        }
+        if (mask != 0) {
+            nearMask_[static_cast<std::size_t>(e)] = mask;
+            if (!near_.push(e)) return noMemory();
+        }
+    }
+    for (int k = 0; k < 4; ++k) cornerIn_[k] = parity_[k] != 0;
+    return true;
+}
+
+// The merge's side test of one segment a -> b (point ids) against side s.
+// On a crossing, *split receives the new point's id, else -1.
+bool Pass::evaluate(int s, int a, int b, int edge, int* split)
+{
+    *split = -1;
+    const double* A = corners_ + 2 * s;
+    const double* B = corners_ + 2 * ((s + 1) % 4);
+    const double P[2] = {at(a)[0], at(a)[1]};
+    const double Q[2] = {at(b)[0], at(b)[1]};
+    const int along = (s % 2 == 0) ? 0 : 1, across = 1 - along;
+    double X[2] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
+    if (IntersectSegments(A, B, P, Q, X)) {
+        const double* c = at(edge);
+        const double* d = at(edge + 1 == m_ ? 0 : edge + 1);
+        const double line = A[across];
+        if ((c[across] < line) == (d[across] < line)) return false;
+        if (std::fabs(X[along] - A[along]) < kNear || std::fabs(X[along] - B[along]) < kNear) return false;
+        if (!PointOnSegment(X[0], X[1], A, B) || !PointOnSegment(X[0], X[1], c, d)) return false;
+        const int id = static_cast<int>(xy_.size() / 2);
+        const double dx = X[0] - A[0], dy = X[1] - A[1];
+        const double ex = d[0] - c[0], ey = d[1] - c[1];
+        if (!xy_.push(X[0]) || !xy_.push(X[1]) || !cuts_[s].push(Crossing{dx * dx + dy * dy, id, edge}) ||
+            !sine_.push(std::fabs(across == 1 ? ey : ex) / std::sqrt(ex * ex + ey * ey)))
+            return noMemory();
+        *split = id;
+        return true;
+    }
+    // No crossing: a line crossing near a corner, a vertex on the side or a
+    // corner on the segment is not the common case.
+    if (std::fabs(X[0] - A[0]) < kNear && std::fabs(X[1] - A[1]) < kNear) return false;
+    if (std::fabs(X[0] - B[0]) < kNear && std::fabs(X[1] - B[1]) < kNear) return false;
+    if (PointOnSegment(P[0], P[1], A, B)) return false;
+    if (PointOnSegment(A[0], A[1], P, Q) && !PointsCoincide(A[0], A[1], P)) return false;
+    return true;
+}
+
+// Step 6 in the merge's order: per side, the original edges by index, then
+// the pieces split off so far.
+bool Pass::sides()
+{
+    for (int s = 0; s < 4; ++s) {
+        const std::size_t before = extra_.size();
+        for (std::size_t i = 0; i < near_.size(); ++i) {
+            const int e = near_[i];
+            const int end = tail_[static_cast<std::size_t>(e)];
+            // A split edge is tried on every later side (the merge's rule
+            // for pieces differs; trying more is harmless, see above).
+            if (!(nearMask_[static_cast<std::size_t>(e)] & (1u << s)) && end < m_) continue;
+            int split;
+            if (!evaluate(s, e, end, e, &split)) return false;
+            if (split < 0) continue;
+            tail_[static_cast<std::size_t>(e)] = split;
+            if (!extra_.push(Piece{split, end, e})) return noMemory();
+        }
+        for (std::size_t j = 0; j < before; ++j) {
+            const Piece piece = extra_[j];
+            int split;
+            if (!evaluate(s, piece.a, piece.b, piece.edge, &split)) return false;
+            if (split < 0) continue;
+            extra_[j].b = split;
+            if (!extra_.push(Piece{split, piece.b, piece.edge})) return noMemory();
+        }
+    }
+    return true;
+}
+
+// Steps 8-10: the boundary in walking order, and which of its segments lie
+// inside the polygon, by parity from each corner (C5: all points apart).
+bool Pass::outline()
+{
+    cornerBase_ = static_cast<int>(xy_.size() / 2);
+    for (int k = 0; k < 8; ++k)
+        if (!xy_.push(corners_[k])) return noMemory();
+    int crossingsSoFar = 0;
+    for (int s = 0; s < 4; ++s) {
+        Buffer<Crossing>& cuts = cuts_[s];
+        const auto byKey = [](const Crossing& p, const Crossing& q) { return p.key < q.key; };
+        if (!std::is_sorted(cuts.data(), cuts.data() + cuts.size(), byKey)) {
+            std::reverse(cuts.data(), cuts.data() + cuts.size());
+            if (!std::is_sorted(cuts.data(), cuts.data() + cuts.size(), byKey))
+                std::sort(cuts.data(), cuts.data() + cuts.size(), byKey);
+        }
+        const int along = (s % 2 == 0) ? 0 : 1;
+        const int k = static_cast<int>(cuts.size());
+        bool in = cornerIn_[s];
+        if (!ring_.push(cornerBase_ + s)) return noMemory();
+        double prev = corners_[2 * s + along];
+        for (int i = 0; i < k; ++i) {
+            const double here = at(cuts[static_cast<std::size_t>(i)].id)[along];
+            const double next = (i + 1 < k) ? at(cuts[static_cast<std::size_t>(i) + 1].id)[along]
+                                            : corners_[2 * ((s + 1) % 4) + along];
+            const double gap = std::min(std::fabs(here - prev), std::fabs(next - here));
+            const double sine = sine_[static_cast<std::size_t>(cuts[static_cast<std::size_t>(i)].id - m_)];
+            if (!(0.5 * gap * sine >= kNear)) return false;
+            if (!ringIn_.push(in ? 1 : 0) || !ring_.push(cuts[static_cast<std::size_t>(i)].id)) return noMemory();
+            in = !in;
+            prev = here;
+        }
+        if (!ringIn_.push(in ? 1 : 0)) return noMemory();
+        if (in != cornerIn_[(s + 1) % 4]) return false;
+        crossingsSoFar += k;
+    }
+    return true;
+}
+
+// C6 for the points the merge locates against the polygon: the corners and
+// the midpoints of the outline segments within reach of the polygon's box.
+bool Pass::located()
+{
+    const double clear = RayClearance(mag_, pf_.length);
+    const double slack = CrossingSlack(mag_, pf_.length);
+    const std::size_t segments = ring_.size();
+    Buffer<double> sx;   // located points, x, y, w
+    if (!sx.reserve(3 * (segments + 4))) return noMemory();
+    auto wOf = [&](double x, double y) { return (x - minX_) * pf_.sinL - (y - minY_) * pf_.cosL; };
+    auto take = [&](double x, double y) {
+        if (x < minX_ - 1.0 || x > maxX_ + 1.0 || y < minY_ - 1.0 || y > maxY_ + 1.0) return true;
+        double e[2];
+        ProbeRayEnd(pf_, x, y, e);
+        if (!(e[0] < minX_ - 1.0 || e[0] > maxX_ + 1.0 || e[1] < minY_ - 1.0 || e[1] > maxY_ + 1.0)) return false;
+        for (std::size_t i = 0; i < risky_.size(); ++i) {
+            const int r = risky_[i];
+            const double* c = at(r);
+            const double* d = at(r + 1 == m_ ? 0 : r + 1);
+            const double s[2] = {x, y};
+            const double dx = d[0] - c[0], dy = d[1] - c[1];
+            if (std::fabs(Cross(c, d, s)) < 4.0 * slack * std::sqrt(dx * dx + dy * dy)) return false;
+        }
+        if (!sx.push(x) || !sx.push(y) || !sx.push(wOf(x, y))) return noMemory();
+        return true;
+    };
+    for (int k = 0; k < 4; ++k)
+        if (!take(corners_[2 * k], corners_[2 * k + 1])) return false;
+    for (std::size_t i = 0; i < segments; ++i) {
+        const double* p = at(ring_[i]);
+        const double* q = at(ring_[i + 1 == segments ? 0 : i + 1]);
+        if (!take((p[0] + q[0]) * 0.5, (p[1] + q[1]) * 0.5)) return false;
+    }
+    const std::size_t count = sx.size() / 3;
+    if (count == 0) return true;
+
+    // No vertex within `clear` of a located point's ray line: the points'
+    // offsets across the ray direction in buckets at least `clear` wide.
+    double lo = sx[2], hi = sx[2];
+    for (std::size_t i = 1; i < count; ++i) {
+        lo = std::min(lo, sx[3 * i + 2]);
+        hi = std::max(hi, sx[3 * i + 2]);
+    }
+    std::size_t buckets = 2 * count;
+    double width = (hi - lo) / static_cast<double>(buckets);
+    if (!(width >= clear)) {
+        width = clear;
+        const double need = (hi - lo) / width + 1.0;
+        buckets = need < static_cast<double>(2 * count) ? static_cast<std::size_t>(need) + 1 : 2 * count;
+        width = std::max(clear, (hi - lo) / static_cast<double>(buckets));
+    }
+    Buffer<int> first, order;
+    if (!first.assign(buckets + 1, 0) || !order.resize(count)) return noMemory();
+    auto bucketOf = [&](double w) {
+        const double b = std::floor((w - lo) / width);
+        if (!(b > 0.0)) return std::size_t{0};
+        if (b >= static_cast<double>(buckets - 1)) return buckets - 1;
+        return static_cast<std::size_t>(b);
+    };
+    for (std::size_t i = 0; i < count; ++i) ++first[bucketOf(sx[3 * i + 2]) + 1];
+    for (std::size_t b = 0; b < buckets; ++b) first[b + 1] += first[b];
+    {
+        Buffer<int> fill;
+        if (!fill.copy_from(first)) return noMemory();
+        for (std::size_t i = 0; i < count; ++i) order[static_cast<std::size_t>(fill[bucketOf(sx[3 * i + 2])]++)] = static_cast<int>(i);
+    }
+    for (int v = 0; v < m_; ++v) {
+        const double w = wOf(at(v)[0], at(v)[1]);
+        if (w < lo - clear || w > hi + clear) continue;
+        const std::size_t b0 = bucketOf(w - clear), b1 = bucketOf(w + clear);
+        for (std::size_t b = b0; b <= b1; ++b)
+            for (int j = first[b]; j < first[b + 1]; ++j)
+                if (std::fabs(w - sx[3 * static_cast<std::size_t>(order[static_cast<std::size_t>(j)]) + 2]) < clear)
+                    return false;
+    }
+    return true;
+}
+
+// Steps 11-16: the kept edges in the merge's order, walked into chains.
+int Pass::walk(int** outPts, int** outCounts)
+{
+    const int points = static_cast<int>(xy_.size() / 2);
+    Buffer<int> ea, eb, adj;
+    if (!adj.assign(2 * static_cast<std::size_t>(points), -1)) return -1;
+    // 1 added, 0 a third edge at a point (not the common case), -1 no memory.
+    auto add = [&](int a, int b) {
+        const int e = static_cast<int>(ea.size());
+        for (int v : {a, b}) {
+            int* slot = adj.data() + 2 * static_cast<std::size_t>(v);
+            if (slot[0] < 0)
+                slot[0] = e;
+            else if (slot[1] < 0)
+                slot[1] = e;
+            else
+                return 0;
+        }
+        return (ea.push(a) && eb.push(b)) ? 1 : -1;
+    };
+    int added = 1;
+    for (int e = 0; e < m_; ++e) {
+        const int b = tail_[static_cast<std::size_t>(e)];
+        if (inside_[static_cast<std::size_t>(e)] && keptPoint(b)) added = std::min(added, add(e, b));
+    }
+    for (std::size_t j = 0; j < extra_.size(); ++j)
+        if (keptPoint(extra_[j].a) && keptPoint(extra_[j].b)) added = std::min(added, add(extra_[j].a, extra_[j].b));
+    const std::size_t segments = ring_.size();
+    for (std::size_t i = 0; i < segments; ++i)
+        if (ringIn_[i]) added = std::min(added, add(ring_[i], ring_[i + 1 == segments ? 0 : i + 1]));
+    if (added < 0) return -1;
+    if (added == 0) return kNot;
+    const int m = static_cast<int>(ea.size());
+    if (m == 0) return -1;   // nothing inside: no vertex, no crossing, no corner
+
+    Buffer<unsigned char> used;
+    Buffer<int> chain, ends;
+    if (!used.assign(static_cast<std::size_t>(m), 0) || !chain.reserve(static_cast<std::size_t>(m))) return -1;
+    for (int e0 = 0; e0 < m; ++e0) {
+        if (used[static_cast<std::size_t>(e0)]) continue;
+        used[static_cast<std::size_t>(e0)] = 1;
+        const int s = ea[static_cast<std::size_t>(e0)];
+        int c = eb[static_cast<std::size_t>(e0)], came = e0;
+        if (!chain.push(s) || !chain.push(c)) return -1;
+        for (;;) {
+            const int* slot = adj.data() + 2 * static_cast<std::size_t>(c);
+            const int f = slot[0] == came ? slot[1] : slot[0];
+            if (f < 0 || used[static_cast<std::size_t>(f)]) return kNot;   // not a cycle
+            used[static_cast<std::size_t>(f)] = 1;
+            const int nv = ea[static_cast<std::size_t>(f)] == c ? eb[static_cast<std::size_t>(f)] : ea[static_cast<std::size_t>(f)];
+            if (nv == s) break;
+            if (!chain.push(nv)) return -1;
+            c = nv;
+            came = f;
+        }
+        if (!ends.push(static_cast<int>(chain.size()))) return -1;
+    }
+    return WriteContours(xy_.data(), chain.data(), ends.data(), static_cast<int>(ends.size()), outPts, outCounts);
+}
+
+int Pass::run(const int* pts, int n, int** outPts, int** outCounts)
+{
+    // Steps 2-4 and C1, C2 on the raw points.
+    int minX = pts[0], minY = pts[1], maxX = pts[0], maxY = pts[1];
+    const int x1 = static_cast<int>(rect_[0]), y1 = static_cast<int>(rect_[1]);
+    const int x2 = static_cast<int>(rect_[2]), y2 = static_cast<int>(rect_[3]);
+    bool onLine = false;
+    for (int i = 0; i < n; ++i) {
+        const int x = pts[2 * i], y = pts[2 * i + 1];
+        minX = std::min(minX, x);
+        maxX = std::max(maxX, x);
+        minY = std::min(minY, y);
+        maxY = std::max(maxY, y);
+        onLine = onLine || x == x1 || x == x2 || y == y1 || y == y2;
+    }
+    if (x2 <= minX || minY >= y2 || maxX <= x1 || maxY <= y1) return -1;
+    if (maxX <= x2 && maxY <= y2 && x1 <= minX && y1 <= minY) return -2;
+    if (onLine) return kNot;
+    minX_ = minX;
+    minY_ = minY;
+    maxX_ = maxX;
+    maxY_ = maxY;
+    for (double v : {minX_, minY_, maxX_, maxY_, rect_[0], rect_[1], rect_[2], rect_[3]})
+        mag_ = std::max(mag_, std::fabs(v));
+    if (mag_ > kLimit) return kNot;
+    MakeProbeFrame(minX_, minY_, maxX_, maxY_, &pf_);
+    if (std::fabs(pf_.cosL) < kLean || std::fabs(pf_.sinL) < kLean) return kNot;
+
+    if (!vertices(pts, n) || !insideVertices() || !edges() || !sides() || !outline() || !located())
+        return oom_ ? -1 : kNot;
+    return walk(outPts, outCounts);
+}
+
+}  // namespace
+
+int ClipCommonCase(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, int** outCounts)
+{
+    Pass pass(x1, y1, x2, y2);
+    return pass.run(pts, n, outPts, outCounts);
+}
+
+}  // namespace qel
