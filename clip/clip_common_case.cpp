@@ -16,11 +16,11 @@
 //  C2 no vertex on the line of a side (x = x1, x2 or y = y1, y2), so every
 //     vertex is at least 1 from each side's line, and no two vertices inside
 //     the rectangle are equal (after dropping consecutive repeats);
-//  C3 every segment the merge's side pass could test (its own box rule, the
-//     shared FarMargin, every piece of a split edge) gives the predicate
-//     results of a clean crossing: no vertex on a side, no corner on an edge,
-//     a crossing only for an edge whose ends lie on opposite sides of the
-//     side's line, and no line crossing within 2e-3 of a corner;
+//  C3 every segment the merge's side pass tries (its own box rules, shared
+//     in clip_margins.h) gives the predicate results of a clean crossing:
+//     no vertex on a side, no corner on an edge, a crossing only for an
+//     edge whose ends lie on opposite sides of the side's line, and no line
+//     crossing within 2e-3 of a corner;
 //  C4 every crossing lies on its side and on its polygon edge by
 //     PointOnSegment;
 //  C5 every corner is at least 2e-3 from every polygon edge, and along each
@@ -36,41 +36,38 @@
 //     ray's direction (or 2e-6 / L for the parallel threshold), and the
 //     lines of edges within a sine of 2000e pass every located point at 4e.
 //
-// Why the result is the merge's then. Steps 1-4 are the same integer tests.
-// The side pass (step 6) is evaluated here with the same predicates on the
-// same points in the same order: the merge's own box rule decides which
-// original edges are tried, and every piece of a split edge is tried against
-// every later side, a superset of what the merge tries, which is harmless
-// because a piece the merge skips gives 0 (the merge equals the plain
-// procedure, which tries everything). So the crossings, their bits, the
-// pieces and their order are the merge's. C3 makes this the set of true
+// Why the result is then the merge's, stage by stage. The bounding-box
+// answers are the same integer tests. The side pass is evaluated here with
+// the same predicates on the same points in the same order, under the
+// merge's own rules for which segments to try, so the crossings, their bits,
+// the pieces and their order are the merge's; C3 makes them the true
 // crossings of the sides.
-// Step 7 keeps crossings (C4: on their side) and inside vertices, drops the
-// others: an outside vertex is at least 1 outside the box (C2) and fails the
-// box test; an inside one is at least 1 from every side, so it lies on no
-// side, and its ray (C6) meets the rectangle's boundary once, clear of the
-// corners and of the ray's ends, every range test deciding as in exact
-// arithmetic (the true offsets are at least d / sin or 1 against rounding
-// e / sin): inside.
-// Step 8 orders each side's crossings by the same squared distances, all
-// distinct (C5). Step 10 keeps crossings (C4: on their own edge, the merge's
-// first try) and locates corners and midpoints, each at least 2e-3 from every
-// edge (C5), with rays that pass no vertex closely, cross no edge near their
-// start or end and meet no edge at a rounding-sensitive angle (C6): every
-// RayCrossesEdge returns whether the ray truly crosses the edge, so the count
-// is the exact crossing parity. That parity is computed here exactly: for the
-// corners by counting, in exact integer arithmetic, the edges that cross the
-// side's line before the corner, and for the points along a side by flipping
-// at each crossing. The parity at the end of each side must agree with the
-// next corner's, a check of the whole.
-// Step 11 finds no coinciding points and no repeated or opposed edges:
-// crossings are at least 2e-3 from corners and each other and a chord cannot
-// end twice on one side. So every kept point has exactly two kept edges (one
-// polygon piece and one outline edge at a crossing), the graph is disjoint
-// cycles, the walk's choice at a vertex is forced, and the chains follow from
-// the edges in the merge's order: original edges (pieces in place), then the
-// split-off pieces in creation order, then the outline edges along the
-// boundary. The shared output stage finishes them.
+// Dropping points outside the rectangle keeps the crossings (C4: on their
+// side) and the inside vertices and drops the others: an outside vertex is
+// at least 1 outside the box (C2) and fails the box test; an inside one is
+// at least 1 from every side, so it lies on no side, and its ray (C6) meets
+// the rectangle's boundary once, clear of the corners and of the ray's ends,
+// every range test deciding as in exact arithmetic (the true offsets are at
+// least d / sin or 1 against rounding of e / sin): inside.
+// The outline orders each side's crossings by the same squared distances,
+// all distinct (C5). Locating the outline keeps the crossings (C4: on their
+// own edge, the merge's first try) and locates the corners and the
+// midpoints, each at least 2e-3 from every edge (C5), with rays that pass no
+// vertex closely, cross no edge near their start or end and meet no edge at
+// a rounding-sensitive angle (C6): every RayCrossesEdge then returns whether
+// the ray truly crosses the edge, and the count is the exact crossing
+// parity. This pass computes that parity exactly: for a corner by counting,
+// in integer arithmetic, the edges that cross the side's line before it, and
+// along a side by flipping at each crossing. The parity reached at the end
+// of a side must agree with the next corner's, a check of the whole.
+// Merging finds no coinciding points and no repeated or opposed edges:
+// crossings keep 2e-3 from the corners and from each other, and a chord
+// cannot end twice on one side. So every kept point has exactly two kept
+// edges (one polygon piece and one outline edge at a crossing), the graph is
+// disjoint cycles, the walk's choice at a point is forced, and the chains
+// follow from the edges in the merge's order: the original edges (pieces in
+// place), then the split-off pieces in creation order, then the outline
+// edges along the boundary. The shared output stage finishes them.
 #include "clip/clip_common_case.h"
 
 #include <algorithm>
@@ -166,6 +163,11 @@ private:
     bool edges();
     bool sides();
     bool evaluate(int side, int a, int b, int edge, int* split);
+    bool farPiece(int side, int a, int b) const
+    {
+        return FarFromSide(at(a), at(b), corners_ + 2 * side, corners_ + 2 * ((side + 1) % 4),
+                           PieceMargin(at(a), at(b), mag_, size_));
+    }
     bool outline();
     bool located();
     int walk(int** outPts, int** outCounts);
@@ -180,7 +182,7 @@ private:
 
     double rect_[4];
     double corners_[8];
-    double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0, mag_ = 0;
+    double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0, mag_ = 0, size_ = 0;
     int m_ = 0;                       // distinct vertices, ids 0 .. m - 1
     Buffer<double> xy_;               // vertices, then crossings, then corners
     Buffer<unsigned char> inside_;    // per vertex
@@ -270,8 +272,8 @@ bool Pass::insideVertices()
 // angles with the polygon's probe ray (C6).
 bool Pass::edges()
 {
-    const double size = std::sqrt((maxX_ - minX_) * (maxX_ - minX_) + (maxY_ - minY_) * (maxY_ - minY_));
-    const double mu = FarMargin(mag_, size);
+    size_ = std::sqrt((maxX_ - minX_) * (maxX_ - minX_) + (maxY_ - minY_) * (maxY_ - minY_));
+    const double mu = FarMargin(mag_, size_);
     const double slack = CrossingSlack(mag_, pf_.length);
     if (!nearMask_.assign(static_cast<std::size_t>(m_), 0) || !tail_.resize(static_cast<std::size_t>(m_)))
         return noMemory();
@@ -318,17 +320,9 @@ bool Pass::edges()
         if (hx < rect_[0] - mu || lx > rect_[2] + mu || hy < rect_[1] - mu || ly > rect_[3] + mu) continue;
         if (lx > inLoX && hx < inHiX && ly > inLoY && hy < inHiY) continue;
         unsigned char mask = 0;
-        for (int s = 0; s < 4; ++s) {
-            const double* a = corners_ + 2 * s;
-            const double* b = corners_ + 2 * ((s + 1) % 4);
-            const double a0x = std::min(a[0], b[0]), a1x = std::max(a[0], b[0]);
-            const double a0y = std::min(a[1], b[1]), a1y = std::max(a[1], b[1]);
-            const double loX = a0x - mu, hiX = a1x + mu, loY = a0y - mu, hiY = a1y + mu;
-            if ((p[0] < loX && q[0] < loX) || (p[0] > hiX && q[0] > hiX) || (p[1] < loY && q[1] < loY) ||
-                (p[1] > hiY && q[1] > hiY))
-                continue;
-            mask = static_cast<unsigned char>(mask | (1u << s));
-        }
+        for (int s = 0; s < 4; ++s)
+            if (!FarFromSide(p, q, corners_ + 2 * s, corners_ + 2 * ((s + 1) % 4), mu))
+                mask = static_cast<unsigned char>(mask | (1u << s));
         if (mask != 0) {
             nearMask_[static_cast<std::size_t>(e)] = mask;
             if (!near_.push(e)) return noMemory();
@@ -383,9 +377,7 @@ bool Pass::sides()
         for (std::size_t i = 0; i < near_.size(); ++i) {
             const int e = near_[i];
             const int end = tail_[static_cast<std::size_t>(e)];
-            // A split edge is tried on every later side (the merge's rule
-            // for pieces differs; trying more is harmless, see above).
-            if (!(nearMask_[static_cast<std::size_t>(e)] & (1u << s)) && end < m_) continue;
+            if (end < m_ ? !(nearMask_[static_cast<std::size_t>(e)] & (1u << s)) : farPiece(s, e, end)) continue;
             int split;
             if (!evaluate(s, e, end, e, &split)) return false;
             if (split < 0) continue;
@@ -394,6 +386,7 @@ bool Pass::sides()
         }
         for (std::size_t j = 0; j < before; ++j) {
             const Piece piece = extra_[j];
+            if (farPiece(s, piece.a, piece.b)) continue;
             int split;
             if (!evaluate(s, piece.a, piece.b, piece.edge, &split)) return false;
             if (split < 0) continue;
@@ -411,14 +404,19 @@ bool Pass::outline()
     cornerBase_ = static_cast<int>(xy_.size() / 2);
     for (int k = 0; k < 8; ++k)
         if (!xy_.push(corners_[k])) return noMemory();
-    int crossingsSoFar = 0;
     for (int s = 0; s < 4; ++s) {
         Buffer<Crossing>& cuts = cuts_[s];
         const auto byKey = [](const Crossing& p, const Crossing& q) { return p.key < q.key; };
-        if (!std::is_sorted(cuts.data(), cuts.data() + cuts.size(), byKey)) {
-            std::reverse(cuts.data(), cuts.data() + cuts.size());
-            if (!std::is_sorted(cuts.data(), cuts.data() + cuts.size(), byKey))
-                std::sort(cuts.data(), cuts.data() + cuts.size(), byKey);
+        // A polygon's walk meets a side's crossings mostly in order, from
+        // wherever it starts: try a rotation before sorting.
+        Crossing* first = cuts.data();
+        Crossing* last = first + cuts.size();
+        Crossing* descent = std::is_sorted_until(first, last, byKey);
+        if (descent != last) {
+            if (std::is_sorted(descent, last, byKey) && !byKey(*first, *(last - 1)))
+                std::rotate(first, descent, last);
+            else
+                std::sort(first, last, byKey);
         }
         const int along = (s % 2 == 0) ? 0 : 1;
         const int k = static_cast<int>(cuts.size());
@@ -438,7 +436,6 @@ bool Pass::outline()
         }
         if (!ringIn_.push(in ? 1 : 0)) return noMemory();
         if (in != cornerIn_[(s + 1) % 4]) return false;
-        crossingsSoFar += k;
     }
     return true;
 }

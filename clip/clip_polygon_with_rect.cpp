@@ -129,22 +129,6 @@ double MaxAbs(double a, double b, double c, double d)
     return m;
 }
 
-// FarMargin for a segment with fractional ends: the bound 1/sin <= D of an
-// integer edge's slope becomes r, its length over the smaller of its extents
-// on the axes the range tests read (a segment of length 0 takes part in no
-// test off its point).
-double PieceMargin(const double* p, const double* q, double m, double d)
-{
-    const double dx = std::fabs(p[0] - q[0]), dy = std::fabs(p[1] - q[1]);
-    const double len = std::sqrt(dx * dx + dy * dy);
-    if (len == 0.0) return 1e-3 + 1e-9 * (m + d);
-    const double onSegment = dx >= qel::kAxis ? dx : dy;    // PointOnSegment's axis
-    const double crossing = dy >= qel::kAxis ? dy : dx;     // IntersectSegments' axis
-    const double run = onSegment < crossing ? onSegment : crossing;
-    const double r = len / run;
-    return 1e-3 + 1e-6 * r + 1e-9 * (m + d) + 1e-13 * (m + d + 1.0) * (r + 1.0);
-}
-
 // LocatePoint on a graph whose probe frame is known, every edge evaluated.
 int LocateExact(const Graph& g, const qel::ProbeFrame& f, double x, double y)
 {
@@ -313,28 +297,17 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     for (int s = 0; s < 4; ++s) {
         const double a[2] = {corners[2 * s], corners[2 * s + 1]};
         const double b[2] = {corners[2 * ((s + 1) % 4)], corners[2 * ((s + 1) % 4) + 1]};
-        const double a0x = a[0] < b[0] ? a[0] : b[0], a1x = a[0] < b[0] ? b[0] : a[0];
-        const double a0y = a[1] < b[1] ? a[1] : b[1], a1y = a[1] < b[1] ? b[1] : a[1];
-        const double loX = a0x - mu, hiX = a1x + mu, loY = a0y - mu, hiY = a1y + mu;
         const int c = g.edge_count();
         for (int e = 0; e < c; ++e) {
             const std::size_t ue = static_cast<std::size_t>(e);
             const double* pp = g.pts.at(g.ends[2 * ue]);
             const double* qq = g.pts.at(g.ends[2 * ue + 1]);
-            if (intact[ue]) {
-                if ((pp[0] < loX && qq[0] < loX) || (pp[0] > hiX && qq[0] > hiX) ||
-                    (pp[1] < loY && qq[1] < loY) || (pp[1] > hiY && qq[1] > hiY))
-                    continue;
-            } else {
-                // A piece of a split edge has fractional ends and may be
-                // short, so its slope is not bounded by the figure's size:
-                // its margin grows with its own length over its extent on
-                // the range axes of the tests.
-                const double m = PieceMargin(pp, qq, mag, size);
-                if ((pp[0] < a0x - m && qq[0] < a0x - m) || (pp[0] > a1x + m && qq[0] > a1x + m) ||
-                    (pp[1] < a0y - m && qq[1] < a0y - m) || (pp[1] > a1y + m && qq[1] > a1y + m))
-                    continue;
-            }
+            // A piece of a split edge has fractional ends and may be short,
+            // so its slope is not bounded by the figure's size: its margin
+            // grows with its own length over its extent on the range axes of
+            // the tests.
+            const double margin = intact[ue] ? mu : qel::PieceMargin(pp, qq, mag, size);
+            if (qel::FarFromSide(pp, qq, a, b, margin)) continue;
             const double p[2] = {pp[0], pp[1]};
             const double q[2] = {qq[0], qq[1]};
             double x[2];
