@@ -21,8 +21,7 @@
 //     no vertex on a side, no corner on an edge, a crossing only for an
 //     edge whose ends lie on opposite sides of the side's line, and no line
 //     crossing within 2e-3 of a corner;
-//  C4 every crossing lies on its side and on its polygon edge by
-//     PointOnSegment;
+//  C4 every crossing lies on its polygon edge by PointOnSegment;
 //  C5 every corner is at least 2e-3 from every polygon edge, and along each
 //     side neighbouring boundary points are so far apart that each midpoint
 //     between them is at least 2e-3 from every polygon edge;
@@ -42,9 +41,13 @@
 // merge's own rules for which segments to try, so the crossings, their bits,
 // the pieces and their order are the merge's; C3 makes them the true
 // crossings of the sides.
-// Dropping points outside the rectangle keeps the crossings (C4: on their
-// side) and the inside vertices and drops the others: an outside vertex is
-// at least 1 outside the box (C2) and fails the box test; an inside one is
+// Dropping points outside the rectangle keeps the crossings, which lie on
+// their side by PointOnSegment: a crossing passed the same range test on the
+// side, keeps 2e-3 from its ends (C3) and lies within a few ulps of the
+// side's line, so the band test's t, exact to about 15 eps M times the
+// side's length under C1, stays far below its bound of 5e-7 times the
+// length. It keeps the inside vertices and drops the others: an outside
+// vertex is at least 1 outside the box (C2) and fails the box test; one inside is
 // at least 1 from every side, so it lies on no side, and its ray (C6) meets
 // the rectangle's boundary once, clear of the corners and of the ray's ends,
 // every range test deciding as in exact arithmetic (the true offsets are at
@@ -163,11 +166,7 @@ private:
     bool edges();
     bool sides();
     bool evaluate(int side, int a, int b, int edge, int* split);
-    bool farPiece(int side, int a, int b) const
-    {
-        return FarFromSide(at(a), at(b), corners_ + 2 * side, corners_ + 2 * ((side + 1) % 4),
-                           PieceMargin(at(a), at(b), mag_, size_));
-    }
+    bool farPiece(int side, int a, int b) const;
     bool outline();
     bool located();
     int walk(int** outPts, int** outCounts);
@@ -236,7 +235,7 @@ bool Pass::vertices(const int* pts, int n)
     return m_ >= 3;
 }
 
-// Step 7 for the vertices, and C2's inside repeats.
+// Which vertices the merge keeps (inside ones), and C2's inside repeats.
 bool Pass::insideVertices()
 {
     if (!inside_.resize(static_cast<std::size_t>(m_))) return noMemory();
@@ -288,17 +287,17 @@ bool Pass::edges()
 
         // C6: the edge against the polygon's probe direction.
         const double dx = q[0] - p[0], dy = q[1] - p[1];
-        const double len = std::sqrt(dx * dx + dy * dy);
+        const double len2 = dx * dx + dy * dy;
         const double across = std::fabs(dx * pf_.sinL - dy * pf_.cosL);   // len * sin
-        if (across < 4.0 * slack * len || across * pf_.length < 2e-6) return false;
-        if (across < 2000.0 * slack * len && !risky_.push(e)) return noMemory();
+        if (across * across < 16.0 * slack * slack * len2 || across * pf_.length < 2e-6) return false;
+        if (across * across < 4e6 * slack * slack * len2 && !risky_.push(e)) return noMemory();
 
         // Corners within the edge's box (strictly, C2): distance and parity.
         for (int k = 0; k < 4; ++k) {
             const double* c = corners_ + 2 * k;
             if (lx < c[0] && c[0] < hx && ly < c[1] && c[1] < hy) {
                 const double cr = Cross(p, q, c);
-                if (cr * cr < kNear * kNear * len * len * (1.0 + 1e-9)) return false;
+                if (cr * cr < kNear * kNear * len2 * (1.0 + 1e-9)) return false;
             }
         }
         for (int line = 0; line < 2; ++line) {
@@ -329,7 +328,34 @@ bool Pass::edges()
         }
     }
     for (int k = 0; k < 4; ++k) cornerIn_[k] = parity_[k] != 0;
+    // A segment crosses the boundary at most twice: room for the crossings.
+    const std::size_t most = 2 * near_.size() + 8;
+    if (!xy_.reserve(xy_.size() + 2 * most) || !extra_.reserve(most) || !sine_.reserve(most) ||
+        !ring_.reserve(most) || !ringIn_.reserve(most))
+        return noMemory();
     return true;
+}
+
+// Whether the merge skips piece a -> b on side s. Most pieces lie far beyond
+// any margin: a bound on PieceMargin without its root and quotient tells
+// (margin < c0 + c1 (dx + dy) / run); the rest take the merge's own test.
+bool Pass::farPiece(int s, int a, int b) const
+{
+    const double* p = at(a);
+    const double* q = at(b);
+    const double* A = corners_ + 2 * s;
+    const double* B = corners_ + 2 * ((s + 1) % 4);
+    const double gap = std::max(std::max(std::min(A[0], B[0]) - std::max(p[0], q[0]),
+                                         std::min(p[0], q[0]) - std::max(A[0], B[0])),
+                                std::max(std::min(A[1], B[1]) - std::max(p[1], q[1]),
+                                         std::min(p[1], q[1]) - std::max(A[1], B[1])));
+    if (gap <= 1e-3) return false;
+    const double dx = std::fabs(p[0] - q[0]), dy = std::fabs(p[1] - q[1]);
+    const double run = std::min(dx >= kAxis ? dx : dy, dy >= kAxis ? dy : dx);
+    const double md = mag_ + size_;
+    const double c0 = 1e-3 + 1e-9 * md + 1e-13 * (md + 1.0), c1 = 1e-6 + 1e-13 * (md + 1.0);
+    if (run > 0.0 && gap * run > 1.000001 * (c0 * run + c1 * (dx + dy))) return true;
+    return FarFromSide(p, q, A, B, PieceMargin(p, q, mag_, size_));
 }
 
 // The merge's side test of one segment a -> b (point ids) against side s.
@@ -349,7 +375,7 @@ bool Pass::evaluate(int s, int a, int b, int edge, int* split)
         const double line = A[across];
         if ((c[across] < line) == (d[across] < line)) return false;
         if (std::fabs(X[along] - A[along]) < kNear || std::fabs(X[along] - B[along]) < kNear) return false;
-        if (!PointOnSegment(X[0], X[1], A, B) || !PointOnSegment(X[0], X[1], c, d)) return false;
+        if (!PointOnSegment(X[0], X[1], c, d)) return false;
         const int id = static_cast<int>(xy_.size() / 2);
         const double dx = X[0] - A[0], dy = X[1] - A[1];
         const double ex = d[0] - c[0], ey = d[1] - c[1];
@@ -368,7 +394,7 @@ bool Pass::evaluate(int s, int a, int b, int edge, int* split)
     return true;
 }
 
-// Step 6 in the merge's order: per side, the original edges by index, then
+// The side pass in the merge's order: per side, the original edges by index, then
 // the pieces split off so far.
 bool Pass::sides()
 {
@@ -397,7 +423,7 @@ bool Pass::sides()
     return true;
 }
 
-// Steps 8-10: the boundary in walking order, and which of its segments lie
+// The outline: the boundary in walking order, and which of its segments lie
 // inside the polygon, by parity from each corner (C5: all points apart).
 bool Pass::outline()
 {
@@ -494,7 +520,7 @@ bool Pass::located()
     Buffer<int> first, order;
     if (!first.assign(buckets + 1, 0) || !order.resize(count)) return noMemory();
     auto bucketOf = [&](double w) {
-        const double b = std::floor((w - lo) / width);
+        const double b = (w - lo) / width;
         if (!(b > 0.0)) return std::size_t{0};
         if (b >= static_cast<double>(buckets - 1)) return buckets - 1;
         return static_cast<std::size_t>(b);
@@ -518,7 +544,7 @@ bool Pass::located()
     return true;
 }
 
-// Steps 11-16: the kept edges in the merge's order, walked into chains.
+// Merge and walk: the kept edges in the merge's order, walked into chains.
 int Pass::walk(int** outPts, int** outCounts)
 {
     const int points = static_cast<int>(xy_.size() / 2);
@@ -580,7 +606,7 @@ int Pass::walk(int** outPts, int** outCounts)
 
 int Pass::run(const int* pts, int n, int** outPts, int** outCounts)
 {
-    // Steps 2-4 and C1, C2 on the raw points.
+    // The bounding-box answers, and C1, C2 on the raw points.
     int minX = pts[0], minY = pts[1], maxX = pts[0], maxY = pts[1];
     const int x1 = static_cast<int>(rect_[0]), y1 = static_cast<int>(rect_[1]);
     const int x2 = static_cast<int>(rect_[2]), y2 = static_cast<int>(rect_[3]);
