@@ -189,7 +189,8 @@ private:
     Buffer<int> near_;                // original edges with a mask, in order
     Buffer<int> tail_;                // per original edge: end of its piece in place
     Buffer<Piece> extra_;             // pieces split off, in creation order
-    Buffer<Crossing> cuts_[4];
+    Buffer<Crossing> cuts_;           // all sides' crossings as found
+    Buffer<unsigned char> cutSide_;   // per crossing
     Buffer<double> sine_;             // per crossing: sine of its edge's angle with the side
     bool cornerIn_[4] = {false, false, false, false};
     int cornerBase_ = 0;
@@ -331,6 +332,7 @@ bool Pass::edges()
     // A segment crosses the boundary at most twice: room for the crossings.
     const std::size_t most = 2 * near_.size() + 8;
     if (!xy_.reserve(xy_.size() + 2 * most) || !extra_.reserve(most) || !sine_.reserve(most) ||
+        !cuts_.reserve(most) || !cutSide_.reserve(most) ||
         !ring_.reserve(most) || !ringIn_.reserve(most))
         return noMemory();
     return true;
@@ -379,7 +381,8 @@ bool Pass::evaluate(int s, int a, int b, int edge, int* split)
         const int id = static_cast<int>(xy_.size() / 2);
         const double dx = X[0] - A[0], dy = X[1] - A[1];
         const double ex = d[0] - c[0], ey = d[1] - c[1];
-        if (!xy_.push(X[0]) || !xy_.push(X[1]) || !cuts_[s].push(Crossing{dx * dx + dy * dy, id, edge}) ||
+        if (!xy_.push(X[0]) || !xy_.push(X[1]) || !cuts_.push(Crossing{dx * dx + dy * dy, id, edge}) ||
+            !cutSide_.push(static_cast<unsigned char>(s)) ||
             !sine_.push(std::fabs(across == 1 ? ey : ex) / std::sqrt(ex * ex + ey * ey)))
             return noMemory();
         *split = id;
@@ -430,13 +433,23 @@ bool Pass::outline()
     cornerBase_ = static_cast<int>(xy_.size() / 2);
     for (int k = 0; k < 8; ++k)
         if (!xy_.push(corners_[k])) return noMemory();
+    // The crossings grouped by side, each side's in the order found.
+    Buffer<Crossing> bySide;
+    std::size_t from[5] = {0, 0, 0, 0, 0};
+    if (!bySide.resize(cuts_.size())) return noMemory();
+    for (std::size_t i = 0; i < cuts_.size(); ++i) ++from[cutSide_[i] + 1];
+    for (int s = 0; s < 4; ++s) from[s + 1] += from[s];
+    {
+        std::size_t fill[4] = {from[0], from[1], from[2], from[3]};
+        for (std::size_t i = 0; i < cuts_.size(); ++i) bySide[fill[cutSide_[i]]++] = cuts_[i];
+    }
     for (int s = 0; s < 4; ++s) {
-        Buffer<Crossing>& cuts = cuts_[s];
+        const Crossing* cuts = bySide.data() + from[s];
         const auto byKey = [](const Crossing& p, const Crossing& q) { return p.key < q.key; };
         // A polygon's walk meets a side's crossings mostly in order, from
         // wherever it starts: try a rotation before sorting.
-        Crossing* first = cuts.data();
-        Crossing* last = first + cuts.size();
+        Crossing* first = bySide.data() + from[s];
+        Crossing* last = bySide.data() + from[s + 1];
         Crossing* descent = std::is_sorted_until(first, last, byKey);
         if (descent != last) {
             if (std::is_sorted(descent, last, byKey) && !byKey(*first, *(last - 1)))
@@ -445,7 +458,7 @@ bool Pass::outline()
                 std::sort(first, last, byKey);
         }
         const int along = (s % 2 == 0) ? 0 : 1;
-        const int k = static_cast<int>(cuts.size());
+        const int k = static_cast<int>(from[s + 1] - from[s]);
         bool in = cornerIn_[s];
         if (!ring_.push(cornerBase_ + s)) return noMemory();
         double prev = corners_[2 * s + along];
@@ -549,7 +562,8 @@ int Pass::walk(int** outPts, int** outCounts)
 {
     const int points = static_cast<int>(xy_.size() / 2);
     Buffer<int> ea, eb, adj;
-    if (!adj.assign(2 * static_cast<std::size_t>(points), -1)) return -1;
+    const std::size_t edges = static_cast<std::size_t>(m_) + extra_.size() + ring_.size();
+    if (!adj.assign(2 * static_cast<std::size_t>(points), -1) || !ea.reserve(edges) || !eb.reserve(edges)) return -1;
     // 1 added, 0 a third edge at a point (not the common case), -1 no memory.
     auto add = [&](int a, int b) {
         const int e = static_cast<int>(ea.size());
