@@ -83,6 +83,7 @@
 #include "clip/clip_predicates.h"
 #include "clip/clip_work.h"
 #include "clip/write_contours.h"
+#include "foundation/elementary.h"
 
 namespace qel {
 
@@ -101,10 +102,41 @@ struct Piece {
 };
 
 struct Crossing {
-    double key;   // squared distance from the side's first corner
-    int id;       // point id
-    int edge;     // original edge
+    double key;    // squared distance from the side's first corner
+    double sine;   // of its edge's angle with the side
+    int id;        // point id
+    int side;
 };
+
+struct Vertex {
+    int tail;               // end of the piece in place of the edge from here
+    unsigned char inside;   // strictly inside the rectangle
+    unsigned char sides;    // the sides the merge tries the edge from here on
+};
+
+struct RingPoint {
+    int id;   // outline point, in walking order along the boundary
+    int in;   // the segment from here to the next point lies inside
+};
+
+struct Edge {
+    int a, b;
+    int used;
+};
+
+// The probe frame of a box as MakeProbeFrame builds it, sine and cosine
+// taken at once.
+void Frame(double minX, double minY, double maxX, double maxY, ProbeFrame* f)
+{
+    f->minX = minX;
+    f->minY = minY;
+    f->maxX = maxX;
+    f->maxY = maxY;
+    const double w = maxX - minX;
+    const double h = maxY - minY;
+    f->length = std::sqrt(w * w + h * h);
+    qel::sincos(f->length, &f->sinL, &f->cosL);
+}
 
 // Rounding allowance of a computed line crossing times the sine of the
 // crossing angle, and the distance from a probe ray within which a vertex
@@ -177,25 +209,24 @@ private:
         return false;
     }
     const double* at(int id) const { return xy_.data() + 2 * static_cast<std::size_t>(id); }
-    bool keptPoint(int id) const { return id >= m_ ? (id < cornerBase_ || cornerIn_[id - cornerBase_]) : inside_[id] != 0; }
+    bool keptPoint(int id) const
+    {
+        return id >= m_ ? (id < cornerBase_ || cornerIn_[id - cornerBase_])
+                        : vx_[static_cast<std::size_t>(id)].inside != 0;
+    }
 
     double rect_[4];
     double corners_[8];
     double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0, mag_ = 0, size_ = 0;
     int m_ = 0;                       // distinct vertices, ids 0 .. m - 1
     Buffer<double> xy_;               // vertices, then crossings, then corners
-    Buffer<unsigned char> inside_;    // per vertex
-    Buffer<unsigned char> nearMask_;  // per original edge: sides the merge tries it on
-    Buffer<int> near_;                // original edges with a mask, in order
-    Buffer<int> tail_;                // per original edge: end of its piece in place
+    Buffer<Vertex> vx_;               // per vertex, and the edge from it
+    Buffer<int> near_;                // edges the merge tries on some side, in order
     Buffer<Piece> extra_;             // pieces split off, in creation order
-    Buffer<Crossing> cuts_;           // all sides' crossings as found
-    Buffer<unsigned char> cutSide_;   // per crossing
-    Buffer<double> sine_;             // per crossing: sine of its edge's angle with the side
+    Buffer<Crossing> cuts_;           // all sides' crossings as found, id - m in order
     bool cornerIn_[4] = {false, false, false, false};
     int cornerBase_ = 0;
-    Buffer<int> ring_;                // outline point ids along the boundary
-    Buffer<unsigned char> ringIn_;    // per outline segment: inside the polygon
+    Buffer<RingPoint> ring_;          // the boundary in walking order
     ProbeFrame pf_{};
     Buffer<int> risky_;               // edges nearly parallel to the polygon's probe ray
     int parity_[4] = {0, 0, 0, 0};
@@ -239,30 +270,37 @@ bool Pass::vertices(const int* pts, int n)
 // Which vertices the merge keeps (inside ones), and C2's inside repeats.
 bool Pass::insideVertices()
 {
-    if (!inside_.resize(static_cast<std::size_t>(m_))) return noMemory();
+    if (!vx_.resize(static_cast<std::size_t>(m_))) return noMemory();
     int count = 0;
     for (int i = 0; i < m_; ++i) {
         const double* p = at(i);
         const bool in = rect_[0] < p[0] && p[0] < rect_[2] && rect_[1] < p[1] && p[1] < rect_[3];
-        inside_[static_cast<std::size_t>(i)] = in ? 1 : 0;
+        vx_[static_cast<std::size_t>(i)] = Vertex{i + 1 == m_ ? 0 : i + 1, static_cast<unsigned char>(in ? 1 : 0), 0};
         count += in ? 1 : 0;
     }
     if (count == 0) return true;
     ProbeFrame rf;
-    MakeProbeFrame(rect_[0], rect_[1], rect_[2], rect_[3], &rf);
+    Frame(rect_[0], rect_[1], rect_[2], rect_[3], &rf);
     if (std::fabs(rf.cosL) < kLean || std::fabs(rf.sinL) < kLean) return false;
     const double clear = RayClearance(mag_, rf.length);
     double wc[4];
     for (int k = 0; k < 4; ++k) wc[k] = corners_[2 * k] * rf.sinL - corners_[2 * k + 1] * rf.cosL;
+    // Few inside points are compared pairwise, more go through a set.
     PointSeen seen;
-    if (!seen.init(count)) return noMemory();
+    const bool few = count <= 16;
+    if (!few && !seen.init(count)) return noMemory();
     for (int i = 0; i < m_; ++i) {
-        if (!inside_[static_cast<std::size_t>(i)]) continue;
+        if (!vx_[static_cast<std::size_t>(i)].inside) continue;
         const double* p = at(i);
         const double w = p[0] * rf.sinL - p[1] * rf.cosL;
         for (int k = 0; k < 4; ++k)
             if (std::fabs(w - wc[k]) < clear) return false;
-        if (seen.seen(static_cast<int>(p[0]), static_cast<int>(p[1]))) return false;
+        if (few) {
+            for (int j = 0; j < i; ++j)
+                if (vx_[static_cast<std::size_t>(j)].inside && at(j)[0] == p[0] && at(j)[1] == p[1]) return false;
+        } else if (seen.seen(static_cast<int>(p[0]), static_cast<int>(p[1]))) {
+            return false;
+        }
     }
     return true;
 }
@@ -275,12 +313,9 @@ bool Pass::edges()
     size_ = std::sqrt((maxX_ - minX_) * (maxX_ - minX_) + (maxY_ - minY_) * (maxY_ - minY_));
     const double mu = FarMargin(mag_, size_);
     const double slack = CrossingSlack(mag_, pf_.length);
-    if (!nearMask_.assign(static_cast<std::size_t>(m_), 0) || !tail_.resize(static_cast<std::size_t>(m_)))
-        return noMemory();
     const double inLoX = rect_[0] + mu, inHiX = rect_[2] - mu, inLoY = rect_[1] + mu, inHiY = rect_[3] - mu;
     for (int e = 0; e < m_; ++e) {
         const int f = (e + 1 == m_) ? 0 : e + 1;
-        tail_[static_cast<std::size_t>(e)] = f;
         const double* p = at(e);
         const double* q = at(f);
         const double lx = std::min(p[0], q[0]), hx = std::max(p[0], q[0]);
@@ -324,16 +359,15 @@ bool Pass::edges()
             if (!FarFromSide(p, q, corners_ + 2 * s, corners_ + 2 * ((s + 1) % 4), mu))
                 mask = static_cast<unsigned char>(mask | (1u << s));
         if (mask != 0) {
-            nearMask_[static_cast<std::size_t>(e)] = mask;
+            vx_[static_cast<std::size_t>(e)].sides = mask;
             if (!near_.push(e)) return noMemory();
         }
     }
     for (int k = 0; k < 4; ++k) cornerIn_[k] = parity_[k] != 0;
     // A segment crosses the boundary at most twice: room for the crossings.
     const std::size_t most = 2 * near_.size() + 8;
-    if (!xy_.reserve(xy_.size() + 2 * most) || !extra_.reserve(most) || !sine_.reserve(most) ||
-        !cuts_.reserve(most) || !cutSide_.reserve(most) ||
-        !ring_.reserve(most) || !ringIn_.reserve(most))
+    if (!xy_.reserve(xy_.size() + 2 * most) || !extra_.reserve(most) || !cuts_.reserve(most) ||
+        !ring_.reserve(most))
         return noMemory();
     return true;
 }
@@ -381,9 +415,8 @@ bool Pass::evaluate(int s, int a, int b, int edge, int* split)
         const int id = static_cast<int>(xy_.size() / 2);
         const double dx = X[0] - A[0], dy = X[1] - A[1];
         const double ex = d[0] - c[0], ey = d[1] - c[1];
-        if (!xy_.push(X[0]) || !xy_.push(X[1]) || !cuts_.push(Crossing{dx * dx + dy * dy, id, edge}) ||
-            !cutSide_.push(static_cast<unsigned char>(s)) ||
-            !sine_.push(std::fabs(across == 1 ? ey : ex) / std::sqrt(ex * ex + ey * ey)))
+        const double sine = std::fabs(across == 1 ? ey : ex) / std::sqrt(ex * ex + ey * ey);
+        if (!xy_.push(X[0]) || !xy_.push(X[1]) || !cuts_.push(Crossing{dx * dx + dy * dy, sine, id, s}))
             return noMemory();
         *split = id;
         return true;
@@ -405,12 +438,12 @@ bool Pass::sides()
         const std::size_t before = extra_.size();
         for (std::size_t i = 0; i < near_.size(); ++i) {
             const int e = near_[i];
-            const int end = tail_[static_cast<std::size_t>(e)];
-            if (end < m_ ? !(nearMask_[static_cast<std::size_t>(e)] & (1u << s)) : farPiece(s, e, end)) continue;
+            const int end = vx_[static_cast<std::size_t>(e)].tail;
+            if (end < m_ ? !(vx_[static_cast<std::size_t>(e)].sides & (1u << s)) : farPiece(s, e, end)) continue;
             int split;
             if (!evaluate(s, e, end, e, &split)) return false;
             if (split < 0) continue;
-            tail_[static_cast<std::size_t>(e)] = split;
+            vx_[static_cast<std::size_t>(e)].tail = split;
             if (!extra_.push(Piece{split, end, e})) return noMemory();
         }
         for (std::size_t j = 0; j < before; ++j) {
@@ -437,15 +470,14 @@ bool Pass::outline()
     Buffer<Crossing> bySide;
     std::size_t from[5] = {0, 0, 0, 0, 0};
     if (!bySide.resize(cuts_.size())) return noMemory();
-    for (std::size_t i = 0; i < cuts_.size(); ++i) ++from[cutSide_[i] + 1];
+    for (std::size_t i = 0; i < cuts_.size(); ++i) ++from[cuts_[i].side + 1];
     for (int s = 0; s < 4; ++s) from[s + 1] += from[s];
     {
         std::size_t fill[4] = {from[0], from[1], from[2], from[3]};
-        for (std::size_t i = 0; i < cuts_.size(); ++i) bySide[fill[cutSide_[i]]++] = cuts_[i];
+        for (std::size_t i = 0; i < cuts_.size(); ++i) bySide[fill[cuts_[i].side]++] = cuts_[i];
     }
+    const auto byKey = [](const Crossing& p, const Crossing& q) { return p.key < q.key; };
     for (int s = 0; s < 4; ++s) {
-        const Crossing* cuts = bySide.data() + from[s];
-        const auto byKey = [](const Crossing& p, const Crossing& q) { return p.key < q.key; };
         // A polygon's walk meets a side's crossings mostly in order, from
         // wherever it starts: try a rotation before sorting.
         Crossing* first = bySide.data() + from[s];
@@ -458,22 +490,20 @@ bool Pass::outline()
                 std::sort(first, last, byKey);
         }
         const int along = (s % 2 == 0) ? 0 : 1;
-        const int k = static_cast<int>(from[s + 1] - from[s]);
         bool in = cornerIn_[s];
-        if (!ring_.push(cornerBase_ + s)) return noMemory();
+        int id = cornerBase_ + s;
         double prev = corners_[2 * s + along];
-        for (int i = 0; i < k; ++i) {
-            const double here = at(cuts[static_cast<std::size_t>(i)].id)[along];
-            const double next = (i + 1 < k) ? at(cuts[static_cast<std::size_t>(i) + 1].id)[along]
-                                            : corners_[2 * ((s + 1) % 4) + along];
+        for (const Crossing* c = first; c != last; ++c) {
+            const double here = at(c->id)[along];
+            const double next = (c + 1 != last) ? at((c + 1)->id)[along] : corners_[2 * ((s + 1) % 4) + along];
             const double gap = std::min(std::fabs(here - prev), std::fabs(next - here));
-            const double sine = sine_[static_cast<std::size_t>(cuts[static_cast<std::size_t>(i)].id - m_)];
-            if (!(0.5 * gap * sine >= kNear)) return false;
-            if (!ringIn_.push(in ? 1 : 0) || !ring_.push(cuts[static_cast<std::size_t>(i)].id)) return noMemory();
+            if (!(0.5 * gap * c->sine >= kNear)) return false;
+            if (!ring_.push(RingPoint{id, in ? 1 : 0})) return noMemory();
             in = !in;
+            id = c->id;
             prev = here;
         }
-        if (!ringIn_.push(in ? 1 : 0)) return noMemory();
+        if (!ring_.push(RingPoint{id, in ? 1 : 0})) return noMemory();
         if (in != cornerIn_[(s + 1) % 4]) return false;
     }
     return true;
@@ -485,12 +515,12 @@ bool Pass::located()
 {
     const double clear = RayClearance(mag_, pf_.length);
     const double slack = CrossingSlack(mag_, pf_.length);
-    const std::size_t segments = ring_.size();
-    Buffer<double> sx;   // located points, x, y, w
-    if (!sx.reserve(3 * (segments + 4))) return noMemory();
     auto wOf = [&](double x, double y) { return (x - minX_) * pf_.sinL - (y - minY_) * pf_.cosL; };
-    auto take = [&](double x, double y) {
-        if (x < minX_ - 1.0 || x > maxX_ + 1.0 || y < minY_ - 1.0 || y > maxY_ + 1.0) return true;
+    // Whether (x, y) is located at all, and its ray's end clear of the box
+    // and its start clear of the nearly parallel edges' lines.
+    auto ray = [&](double x, double y, bool* far) {
+        *far = x < minX_ - 1.0 || x > maxX_ + 1.0 || y < minY_ - 1.0 || y > maxY_ + 1.0;
+        if (*far) return true;
         double e[2];
         ProbeRayEnd(pf_, x, y, e);
         if (!(e[0] < minX_ - 1.0 || e[0] > maxX_ + 1.0 || e[1] < minY_ - 1.0 || e[1] > maxY_ + 1.0)) return false;
@@ -502,57 +532,83 @@ bool Pass::located()
             const double dx = d[0] - c[0], dy = d[1] - c[1];
             if (std::fabs(Cross(c, d, s)) < 4.0 * slack * std::sqrt(dx * dx + dy * dy)) return false;
         }
-        if (!sx.push(x) || !sx.push(y) || !sx.push(wOf(x, y))) return noMemory();
         return true;
     };
-    for (int k = 0; k < 4; ++k)
-        if (!take(corners_[2 * k], corners_[2 * k + 1])) return false;
-    for (std::size_t i = 0; i < segments; ++i) {
-        const double* p = at(ring_[i]);
-        const double* q = at(ring_[i + 1 == segments ? 0 : i + 1]);
-        if (!take((p[0] + q[0]) * 0.5, (p[1] + q[1]) * 0.5)) return false;
-    }
-    const std::size_t count = sx.size() / 3;
-    if (count == 0) return true;
+    const std::size_t segments = ring_.size();
+    auto pointAt = [&](std::size_t i, double* x, double* y) {
+        if (i < 4) {
+            *x = corners_[2 * i];
+            *y = corners_[2 * i + 1];
+            return;
+        }
+        const double* p = at(ring_[i - 4].id);
+        const double* q = at(ring_[i - 3 == segments ? 0 : i - 3].id);
+        *x = (p[0] + q[0]) * 0.5;
+        *y = (p[1] + q[1]) * 0.5;
+    };
+    const std::size_t points = segments + 4;
 
-    // No vertex within `clear` of a located point's ray line: the points'
-    // offsets across the ray direction in buckets at least `clear` wide.
-    double lo = sx[2], hi = sx[2];
+    // Few points against few vertices: every pair.
+    if (points * static_cast<std::size_t>(m_) <= 4096) {
+        for (std::size_t i = 0; i < points; ++i) {
+            double x, y;
+            bool far;
+            pointAt(i, &x, &y);
+            if (!ray(x, y, &far)) return false;
+            if (far) continue;
+            const double w = wOf(x, y);
+            for (int v = 0; v < m_; ++v)
+                if (std::fabs(wOf(at(v)[0], at(v)[1]) - w) < clear) return false;
+        }
+        return true;
+    }
+
+    // Otherwise the points' offsets across the ray direction go into buckets
+    // at least `clear` wide, and each vertex looks into its own and the
+    // neighbouring ones.
+    Buffer<double> ws;
+    if (!ws.reserve(points)) return noMemory();
+    for (std::size_t i = 0; i < points; ++i) {
+        double x, y;
+        bool far;
+        pointAt(i, &x, &y);
+        if (!ray(x, y, &far)) return false;
+        if (!far) ws.push(wOf(x, y));
+    }
+    const std::size_t count = ws.size();
+    if (count == 0) return true;
+    double lo = ws[0], hi = ws[0];
     for (std::size_t i = 1; i < count; ++i) {
-        lo = std::min(lo, sx[3 * i + 2]);
-        hi = std::max(hi, sx[3 * i + 2]);
+        lo = std::min(lo, ws[i]);
+        hi = std::max(hi, ws[i]);
     }
     std::size_t buckets = 2 * count;
     double width = (hi - lo) / static_cast<double>(buckets);
     if (!(width >= clear)) {
-        width = clear;
-        const double need = (hi - lo) / width + 1.0;
+        const double need = (hi - lo) / clear + 1.0;
         buckets = need < static_cast<double>(2 * count) ? static_cast<std::size_t>(need) + 1 : 2 * count;
         width = std::max(clear, (hi - lo) / static_cast<double>(buckets));
     }
-    Buffer<int> first, order;
-    if (!first.assign(buckets + 1, 0) || !order.resize(count)) return noMemory();
     auto bucketOf = [&](double w) {
         const double b = (w - lo) / width;
         if (!(b > 0.0)) return std::size_t{0};
         if (b >= static_cast<double>(buckets - 1)) return buckets - 1;
         return static_cast<std::size_t>(b);
     };
-    for (std::size_t i = 0; i < count; ++i) ++first[bucketOf(sx[3 * i + 2]) + 1];
-    for (std::size_t b = 0; b < buckets; ++b) first[b + 1] += first[b];
-    {
-        Buffer<int> fill;
-        if (!fill.copy_from(first)) return noMemory();
-        for (std::size_t i = 0; i < count; ++i) order[static_cast<std::size_t>(fill[bucketOf(sx[3 * i + 2])]++)] = static_cast<int>(i);
-    }
+    Buffer<int> first, order;
+    if (!first.assign(buckets + 2, 0) || !order.resize(count)) return noMemory();
+    for (std::size_t i = 0; i < count; ++i) ++first[bucketOf(ws[i]) + 2];
+    for (std::size_t b = 0; b < buckets; ++b) first[b + 2] += first[b + 1];
+    // first[b + 1] now counts the points below bucket b: filling moves it to
+    // the end of bucket b, which is where bucket b + 1 starts.
+    for (std::size_t i = 0; i < count; ++i) order[static_cast<std::size_t>(first[bucketOf(ws[i]) + 1]++)] = static_cast<int>(i);
     for (int v = 0; v < m_; ++v) {
         const double w = wOf(at(v)[0], at(v)[1]);
         if (w < lo - clear || w > hi + clear) continue;
-        const std::size_t b0 = bucketOf(w - clear), b1 = bucketOf(w + clear);
-        for (std::size_t b = b0; b <= b1; ++b)
+        const std::size_t b1 = bucketOf(w + clear);
+        for (std::size_t b = bucketOf(w - clear); b <= b1; ++b)
             for (int j = first[b]; j < first[b + 1]; ++j)
-                if (std::fabs(w - sx[3 * static_cast<std::size_t>(order[static_cast<std::size_t>(j)]) + 2]) < clear)
-                    return false;
+                if (std::fabs(w - ws[static_cast<std::size_t>(order[static_cast<std::size_t>(j)])]) < clear) return false;
     }
     return true;
 }
@@ -561,12 +617,15 @@ bool Pass::located()
 int Pass::walk(int** outPts, int** outCounts)
 {
     const int points = static_cast<int>(xy_.size() / 2);
-    Buffer<int> ea, eb, adj;
-    const std::size_t edges = static_cast<std::size_t>(m_) + extra_.size() + ring_.size();
-    if (!adj.assign(2 * static_cast<std::size_t>(points), -1) || !ea.reserve(edges) || !eb.reserve(edges)) return -1;
+    const std::size_t segments = ring_.size();
+    Buffer<Edge> edges;
+    Buffer<int> adj;
+    if (!adj.assign(2 * static_cast<std::size_t>(points), -1) ||
+        !edges.reserve(static_cast<std::size_t>(m_) + extra_.size() + segments))
+        return -1;
     // 1 added, 0 a third edge at a point (not the common case), -1 no memory.
     auto add = [&](int a, int b) {
-        const int e = static_cast<int>(ea.size());
+        const int e = static_cast<int>(edges.size());
         for (int v : {a, b}) {
             int* slot = adj.data() + 2 * static_cast<std::size_t>(v);
             if (slot[0] < 0)
@@ -576,38 +635,37 @@ int Pass::walk(int** outPts, int** outCounts)
             else
                 return 0;
         }
-        return (ea.push(a) && eb.push(b)) ? 1 : -1;
+        return edges.push(Edge{a, b, 0}) ? 1 : -1;
     };
     int added = 1;
     for (int e = 0; e < m_; ++e) {
-        const int b = tail_[static_cast<std::size_t>(e)];
-        if (inside_[static_cast<std::size_t>(e)] && keptPoint(b)) added = std::min(added, add(e, b));
+        const int b = vx_[static_cast<std::size_t>(e)].tail;
+        if (vx_[static_cast<std::size_t>(e)].inside && keptPoint(b)) added = std::min(added, add(e, b));
     }
     for (std::size_t j = 0; j < extra_.size(); ++j)
         if (keptPoint(extra_[j].a) && keptPoint(extra_[j].b)) added = std::min(added, add(extra_[j].a, extra_[j].b));
-    const std::size_t segments = ring_.size();
     for (std::size_t i = 0; i < segments; ++i)
-        if (ringIn_[i]) added = std::min(added, add(ring_[i], ring_[i + 1 == segments ? 0 : i + 1]));
+        if (ring_[i].in) added = std::min(added, add(ring_[i].id, ring_[i + 1 == segments ? 0 : i + 1].id));
     if (added < 0) return -1;
     if (added == 0) return kNot;
-    const int m = static_cast<int>(ea.size());
+    const int m = static_cast<int>(edges.size());
     if (m == 0) return -1;   // nothing inside: no vertex, no crossing, no corner
 
-    Buffer<unsigned char> used;
     Buffer<int> chain, ends;
-    if (!used.assign(static_cast<std::size_t>(m), 0) || !chain.reserve(static_cast<std::size_t>(m))) return -1;
+    if (!chain.reserve(static_cast<std::size_t>(m))) return -1;
     for (int e0 = 0; e0 < m; ++e0) {
-        if (used[static_cast<std::size_t>(e0)]) continue;
-        used[static_cast<std::size_t>(e0)] = 1;
-        const int s = ea[static_cast<std::size_t>(e0)];
-        int c = eb[static_cast<std::size_t>(e0)], came = e0;
+        if (edges[static_cast<std::size_t>(e0)].used) continue;
+        edges[static_cast<std::size_t>(e0)].used = 1;
+        const int s = edges[static_cast<std::size_t>(e0)].a;
+        int c = edges[static_cast<std::size_t>(e0)].b, came = e0;
         if (!chain.push(s) || !chain.push(c)) return -1;
         for (;;) {
             const int* slot = adj.data() + 2 * static_cast<std::size_t>(c);
             const int f = slot[0] == came ? slot[1] : slot[0];
-            if (f < 0 || used[static_cast<std::size_t>(f)]) return kNot;   // not a cycle
-            used[static_cast<std::size_t>(f)] = 1;
-            const int nv = ea[static_cast<std::size_t>(f)] == c ? eb[static_cast<std::size_t>(f)] : ea[static_cast<std::size_t>(f)];
+            if (f < 0 || edges[static_cast<std::size_t>(f)].used) return kNot;   // not a cycle
+            Edge& next = edges[static_cast<std::size_t>(f)];
+            next.used = 1;
+            const int nv = next.a == c ? next.b : next.a;
             if (nv == s) break;
             if (!chain.push(nv)) return -1;
             c = nv;
@@ -643,7 +701,7 @@ int Pass::run(const int* pts, int n, int** outPts, int** outCounts)
     for (double v : {minX_, minY_, maxX_, maxY_, rect_[0], rect_[1], rect_[2], rect_[3]})
         mag_ = std::max(mag_, std::fabs(v));
     if (mag_ > kLimit) return kNot;
-    MakeProbeFrame(minX_, minY_, maxX_, maxY_, &pf_);
+    Frame(minX_, minY_, maxX_, maxY_, &pf_);
     if (std::fabs(pf_.cosL) < kLean || std::fabs(pf_.sinL) < kLean) return kNot;
 
     if (!vertices(pts, n) || !insideVertices() || !edges() || !sides() || !outline() || !located())
