@@ -122,6 +122,64 @@ inline void Rectangle(std::mt19937& rng, int lo, int hi, Case& c)
     if (c.y1 > c.y2) std::swap(c.y1, c.y2);
 }
 
+// Squared distance from p to the segment a-b.
+inline double SegmentDistance2(const int* p, const int* a, const int* b)
+{
+    const double dx = b[0] - a[0], dy = b[1] - a[1];
+    const double len2 = dx * dx + dy * dy;
+    double t = len2 > 0.0 ? ((p[0] - a[0]) * dx + (p[1] - a[1]) * dy) / len2 : 0.0;
+    t = t < 0.0 ? 0.0 : (t > 1.0 ? 1.0 : t);
+    const double ex = a[0] + t * dx - p[0], ey = a[1] + t * dy - p[1];
+    return ex * ex + ey * ey;
+}
+
+// A star polygon and a rectangle with nothing for a tolerance to tie: the
+// vertices distinct and off the sides' lines, every vertex and corner at least
+// 0.01 from every edge it is not an end of.
+inline Case KeptApart(std::mt19937& rng)
+{
+    for (;;) {
+        Case c;
+        c.pts = Star(rng, 3 + static_cast<int>(rng() % 28), 5.0, 60.0, 0.0, 0.0);
+        Rectangle(rng, -50, 50, c);
+        const int n = static_cast<int>(c.pts.size() / 2);
+        const int corners[8] = {c.x1, c.y1, c.x2, c.y1, c.x2, c.y2, c.x1, c.y2};
+        bool apart = true;
+        for (int i = 0; i < n && apart; ++i) {
+            const int* v = &c.pts[2 * static_cast<std::size_t>(i)];
+            apart = v[0] != c.x1 && v[0] != c.x2 && v[1] != c.y1 && v[1] != c.y2;
+            for (int e = 0; e < n && apart; ++e) {
+                const int* a = &c.pts[2 * static_cast<std::size_t>(e)];
+                const int* b = &c.pts[2 * static_cast<std::size_t>((e + 1) % n)];
+                if (e != i && (e + 1) % n != i) apart = SegmentDistance2(v, a, b) >= 1e-4;
+                for (int k = 0; k < 4 && apart; ++k) apart = SegmentDistance2(corners + 2 * k, a, b) >= 1e-4;
+            }
+        }
+        if (!apart) continue;
+        if (rng() % 2) {
+            std::vector<int> r;
+            for (std::size_t i = c.pts.size(); i >= 2; i -= 2) {
+                r.push_back(c.pts[i - 2]);
+                r.push_back(c.pts[i - 1]);
+            }
+            c.pts.swap(r);
+        }
+        return c;
+    }
+}
+
+// FNV-1a over 32-bit values, for pinning the results of a corpus.
+struct Fnv {
+    std::uint64_t h = 14695981039346656037ull;
+    void mix(int v)
+    {
+        for (int b = 0; b < 4; ++b) {
+            h ^= (static_cast<std::uint32_t>(v) >> (8 * b)) & 0xFFu;
+            h *= 1099511628211ull;
+        }
+    }
+};
+
 }  // namespace clipcases
 
 #endif
