@@ -134,14 +134,13 @@ int LocateExact(const Graph& g, const qel::ProbeFrame& f, double x, double y)
 {
     if (g.pts.count() < 2 || qel::OutsideProbeBox(f, x, y)) return -2;
     const double s[2] = {x, y};
-    double e[2], cut[2];
-    qel::ProbeRayEnd(f, x, y, e);
+    const double u[2] = {f.cosL, f.sinL};
     unsigned crossings = 0;
     for (int k = 0; k < g.edge_count(); ++k) {
         const double* c = g.pts.at(g.ends[2 * static_cast<std::size_t>(k)]);
         const double* d = g.pts.at(g.ends[2 * static_cast<std::size_t>(k) + 1]);
         if (qel::PointOnSegment(x, y, c, d)) return k;
-        crossings += static_cast<unsigned>(qel::RayCrossesEdge(s, e, c, d, cut));
+        crossings += static_cast<unsigned>(qel::RayCrossesEdge(s, u, c, d));
     }
     return (crossings & 1u) ? -1 : -2;
 }
@@ -159,8 +158,7 @@ struct PolygonLocator {
     {
         if (g->points() < 2 || qel::OutsideProbeBox(f, x, y)) return -2;
         const double s[2] = {x, y};
-        double e[2], cut[2];
-        qel::ProbeRayEnd(f, x, y, e);
+        const double u[2] = {f.cosL, f.sinL};
         double m = frameAbs;
         if (std::fabs(x) > m) m = std::fabs(x);
         if (std::fabs(y) > m) m = std::fabs(y);
@@ -174,7 +172,7 @@ struct PolygonLocator {
             const double wc = (c[0] - x) * f.sinL - (c[1] - y) * f.cosL;
             const double wd = (d[0] - x) * f.sinL - (d[1] - y) * f.cosL;
             if ((wc > mu && wd > mu) || (wc < -mu && wd < -mu)) continue;
-            crossings += static_cast<unsigned>(qel::RayCrossesEdge(s, e, c, d, cut));
+            crossings += static_cast<unsigned>(qel::RayCrossesEdge(s, u, c, d));
         }
         return (crossings & 1u) ? -1 : -2;
     }
@@ -419,7 +417,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const int at = r2.find(p[0], p[1]);
             const int h = at < 0 ? -1 : r2Hint[static_cast<std::size_t>(at)];
             bool in = false;
-            if (h >= 0) {
+            if (h >= 0 && !qel::OutsideProbeBox(locator.f, p[0], p[1])) {
                 const double* c = g2.at(g2.ends[2 * static_cast<std::size_t>(h)]);
                 const double* d = g2.at(g2.ends[2 * static_cast<std::size_t>(h) + 1]);
                 in = qel::PointOnSegment(p[0], p[1], c, d) != 0;
@@ -514,22 +512,34 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     }
     for (int v = 0; v < np; ++v) cursor[static_cast<std::size_t>(v)] = first[static_cast<std::size_t>(v)];
 
-    // 14: walk the chains, first remaining edge first.
+    // 14: walk the chains, first remaining edge first. Where several edges
+    // remain at a vertex, the walk leaves by the one turning furthest left.
     Buffer<unsigned char> used;
     Buffer<int> seen, chain, contourEnd;
     if (!used.assign(static_cast<std::size_t>(m), 0) || !seen.assign(static_cast<std::size_t>(np), 0))
         return kFail;
     int remaining = m, next0 = 0, stamp = 0;
-    auto firstAt = [&](int v) {
+    auto nextAt = [&](int v, int from) {
         int& c = cursor[static_cast<std::size_t>(v)];
         const int end = first[static_cast<std::size_t>(v) + 1];
         while (c < end && used[static_cast<std::size_t>(adj[static_cast<std::size_t>(c)])]) ++c;
-        return c < end ? adj[static_cast<std::size_t>(c)] : -1;
+        if (c == end) return -1;
+        int best = -1, candidates = 0;
+        for (int i = c; i < end; ++i) {
+            const int e = adj[static_cast<std::size_t>(i)];
+            if (used[static_cast<std::size_t>(e)]) continue;
+            ++candidates;
+            if (ea[static_cast<std::size_t>(e)] != v) continue;
+            if (best < 0 || qel::TurnsFurtherLeft(g.pts.at(from), g.pts.at(v), g.pts.at(eb[static_cast<std::size_t>(e)]),
+                                                  g.pts.at(eb[static_cast<std::size_t>(best)])))
+                best = e;
+        }
+        return (candidates == 1 || best < 0) ? adj[static_cast<std::size_t>(c)] : best;
     };
     while (remaining > 0) {
         while (used[static_cast<std::size_t>(next0)]) ++next0;
         const int s = ea[static_cast<std::size_t>(next0)];
-        int c = eb[static_cast<std::size_t>(next0)];
+        int c = eb[static_cast<std::size_t>(next0)], from = s;
         used[static_cast<std::size_t>(next0)] = 1;
         --remaining;
         ++stamp;
@@ -541,7 +551,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
                 chain.truncate(start);
                 break;
             }
-            const int f = firstAt(c);
+            const int f = nextAt(c, from);
             if (f < 0) {
                 chain.truncate(start);
                 break;
@@ -551,13 +561,20 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const int nv = (ea[static_cast<std::size_t>(f)] == c) ? eb[static_cast<std::size_t>(f)]
                                                                   : ea[static_cast<std::size_t>(f)];
             if (nv == s) {
-                if (!contourEnd.push(static_cast<int>(chain.size()))) return kFail;
+                // Fewer than three points or no area is no contour.
+                const int len = static_cast<int>(chain.size() - start);
+                const int* ids = chain.data() + start;
+                if (len < 3 || qel::ContourShoelace(len, [&](int j) { return g.pts.at(ids[j]); }) == 0.0)
+                    chain.truncate(start);
+                else if (!contourEnd.push(static_cast<int>(chain.size())))
+                    return kFail;
                 break;
             }
             if (seen[static_cast<std::size_t>(nv)] != stamp) {
                 seen[static_cast<std::size_t>(nv)] = stamp;
                 if (!chain.push(nv)) return kFail;
             }
+            from = c;
             c = nv;
         }
     }

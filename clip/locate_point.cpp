@@ -1,11 +1,19 @@
 // LocatePoint: a point against a PolygonGraph by the parity of probe-ray
 // crossings.
 //
-// Outside the bounding box (margin 1e-6) the point is outside. Otherwise the
-// edges are taken in order: the first on which the point lies is returned;
-// each other edge adds its RayCrossesEdge to a counter, odd meaning inside.
-// The ray runs from the point over the box diagonal L at the angle L radians
-// (see ProbeFrame), one direction for every point tested against one graph.
+// Outside the bounding box by more than its margin the point is outside.
+// Otherwise the edges are taken in order: the first on which the point lies
+// (PointOnSegment) is returned; each other edge adds its RayCrossesEdge to a
+// counter, odd meaning inside. The ray runs from the point at the angle L
+// radians, L the box diagonal (see ProbeFrame), one direction for every point
+// tested against one graph.
+//
+// The margin is 1e-6 times the box's largest coordinate magnitude (at least
+// 1e-6): a crossing point computed on a side at 5e8 from an edge piece of
+// steep slope can lie a few 1e-6 outside the box it belongs in, and an
+// absolute margin would call such a point outside although it lies on an
+// edge. A wider margin costs nothing but a count: the early answer is only a
+// shortcut, the ray count gives outside for any point beyond the box.
 #include <cmath>
 
 #include "clip/clip_predicates.h"
@@ -24,6 +32,11 @@ void MakeProbeFrame(double minX, double minY, double maxX, double maxY, ProbeFra
     f->length = std::sqrt(w * w + h * h);
     f->cosL = qel::cos(f->length);
     f->sinL = qel::sin(f->length);
+    double m = 1.0;
+    const double v[4] = {minX, minY, maxX, maxY};
+    for (double c : v)
+        if (std::fabs(c) > m) m = std::fabs(c);
+    f->margin = kBoxMargin * m;
 }
 
 int LocatePoint(const PolygonGraph& g, double x, double y)
@@ -36,14 +49,13 @@ int LocatePoint(const PolygonGraph& g, double x, double y)
     if (OutsideProbeBox(f, x, y)) return -2;
 
     const double s[2] = {x, y};
-    double e[2];
-    ProbeRayEnd(f, x, y, e);
+    const double u[2] = {f.cosL, f.sinL};
     unsigned crossings = 0;
     for (int k = 0; k < g.EdgeCount(); ++k) {
-        double c[2], d[2], cut[2];
+        double c[2], d[2];
         if (g.GetEdgePoints(k, c, d) != 1) continue;
         if (PointOnSegment(x, y, c, d)) return k;
-        crossings += static_cast<unsigned>(RayCrossesEdge(s, e, c, d, cut));
+        crossings += static_cast<unsigned>(RayCrossesEdge(s, u, c, d));
     }
     return (crossings & 1u) ? -1 : -2;
 }

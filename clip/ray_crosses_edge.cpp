@@ -1,58 +1,37 @@
-// RayCrossesEdge: one crossing of the probe ray s-e with the edge c-d.
+// RayCrossesEdge: one crossing of the probe ray from s in direction u with the
+// edge c-d.
 //
-// The lines are intersected as in IntersectSegments (parallel: no crossing);
-// a crossing at the ray's start does not count. When an end of the edge lies
-// on the ray (PointOnSegment with the ray as segment), the edge is judged by
-// its direction away from that end: with theta the ray's direction and phi
-// that of the edge leaving the end, delta = theta - phi in [0, 2pi) and the
-// edge counts when delta < pi, i.e. it leaves to the ray's clockwise side.
-// Both edges at a vertex on the ray are judged alike, so a boundary that
-// passes through the ray at a vertex counts once and one that touches it
-// counts twice or not at all. Otherwise the crossing must lie within both
-// ranges (inclusive).
-#include <cmath>
-
+// The crossing is decided by signs alone, never by a distance, so a point
+// near an edge is inside or outside by where it lies and not by a tolerance
+// (a point on an edge is PointOnSegment's business, asked before). With the
+// differences c - s = (cx, cy) and d - s = (dx, dy):
+//   side(p)  = sign(ux * py - uy * px)      p = c - s or d - s; > 0 left of the ray
+//   ahead    = sign(cx * dy - cy * dx)      orientation of s, c, d
+// The edge crosses the ray's line when exactly one end lies strictly left of
+// it (an end on the line counts with the right-hand side, so where the
+// boundary passes through the line at a vertex exactly one of the two edges
+// counts, and where it only touches the line both or neither do). It crosses
+// the ray itself when the crossing lies ahead of s, that is when s lies to the
+// left of the edge directed from its right-hand end to its left-hand end:
+// ahead > 0 when d is the left end, ahead < 0 when c is. A crossing exactly at
+// s (ahead = 0) does not count. The ray has no end.
+//
+// Each sign is CrossSign of doubles, exact for the doubles it is given; the
+// differences are exact when s, c and d are integers (below 2^52 in size), so
+// for integer input the count is exact whatever the direction u.
 #include "clip/clip_predicates.h"
-#include "foundation/constants.h"
-#include "foundation/elementary.h"
 
 namespace qel {
 
-namespace {
-
-int LeavesClockwise(double theta, double dy, double dx)
+int RayCrossesEdge(const double* s, const double* u, const double* c, const double* d)
 {
-    double delta = theta - qel::atan2(dy, dx);
-    while (delta >= kTwoPi) delta -= kTwoPi;
-    while (delta < 0.0) delta += kTwoPi;
-    return (delta < kPi) ? 1 : 0;
-}
-
-}  // namespace
-
-int RayCrossesEdge(const double* s, const double* e, const double* c, const double* d,
-                   double* x)
-{
-    const double a1 = e[1] - s[1];
-    const double b1 = s[0] - e[0];
-    const double c1 = a1 * s[0] - (e[0] - s[0]) * s[1];
-    const double a2 = d[1] - c[1];
-    const double b2 = c[0] - d[0];
-    const double c2 = a2 * c[0] - (d[0] - c[0]) * c[1];
-    const double det = a2 * b1 - b2 * a1;
-    if (std::fabs(det) <= kParallel) return 0;
-    const double r = 1.0 / det;
-    x[0] = (b1 * c2 - b2 * c1) * r;
-    x[1] = (a2 * c1 - a1 * c2) * r;
-
-    if (PointsCoincide(x[0], x[1], s)) return 0;
-    // The ray's direction theta = atan2(e.y - s.y, e.x - s.x) is needed only
-    // when an end of the edge lies on the ray.
-    if (PointOnSegment(c[0], c[1], s, e))
-        return LeavesClockwise(qel::atan2(e[1] - s[1], e[0] - s[0]), d[1] - c[1], d[0] - c[0]);
-    if (PointOnSegment(d[0], d[1], s, e))
-        return LeavesClockwise(qel::atan2(e[1] - s[1], e[0] - s[0]), c[1] - d[1], c[0] - d[0]);
-    return (WithinRange(x, s, e) && WithinRange(x, c, d)) ? 1 : 0;
+    const double cx = c[0] - s[0], cy = c[1] - s[1];
+    const double dx = d[0] - s[0], dy = d[1] - s[1];
+    const bool cLeft = CrossSign(u[0], u[1], cx, cy) > 0;
+    const bool dLeft = CrossSign(u[0], u[1], dx, dy) > 0;
+    if (cLeft == dLeft) return 0;
+    const int ahead = CrossSign(cx, cy, dx, dy);
+    return (dLeft ? ahead > 0 : ahead < 0) ? 1 : 0;
 }
 
 }  // namespace qel

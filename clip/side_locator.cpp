@@ -167,9 +167,9 @@ int SideLocator::sideOf(double x, double y) const
 }
 
 // The whole count for one point, every edge that can take part evaluated.
-void SideLocator::full(const double* s, const double* e)
+void SideLocator::full(const double* s)
 {
-    double cut[2];
+    const double u[2] = {f_.cosL, f_.sinL};
     prevOnEdge_ = false;
     prevCrossings_ = 0;
     for (int k = 0; k < edges_; ++k) {
@@ -179,7 +179,7 @@ void SideLocator::full(const double* s, const double* e)
         const double wc = (c[0] - s[0]) * f_.sinL - (c[1] - s[1]) * f_.cosL;
         const double wd = (d[0] - s[0]) * f_.sinL - (d[1] - s[1]) * f_.cosL;
         if ((wc > mu_ && wd > mu_) || (wc < -mu_ && wd < -mu_)) continue;
-        prevCrossings_ += RayCrossesEdge(s, e, c, d, cut);
+        prevCrossings_ += RayCrossesEdge(s, u, c, d);
     }
 }
 
@@ -224,38 +224,30 @@ int SideLocator::outside(double x, double y)
         return 1;
     }
     const double s[2] = {x, y};
-    double e[2];
-    ProbeRayEnd(f_, x, y, e);
+    const double u[2] = {f_.cosL, f_.sinL};
     const int side = sweepable_ ? sideOf(x, y) : -1;
-    // The ray must leave the box with room to spare, or a crossing near its
-    // end could be judged differently for the two rays.
-    const bool endClear = e[0] < f_.minX - nearMargin_ || e[0] > f_.maxX + nearMargin_ ||
-                          e[1] < f_.minY - nearMargin_ || e[1] > f_.maxY + nearMargin_;
-    if (havePrev_ && side >= 0 && side == prevSide_ && endClear) {
+    if (havePrev_ && side >= 0 && side == prevSide_) {
         const int ax = sides_[side].axis;
         const double a0 = prevS_[ax] < s[ax] ? prevS_[ax] : s[ax];
         const double a1 = prevS_[ax] < s[ax] ? s[ax] : prevS_[ax];
         const double wp = wOf(prevS_), wn = wOf(s);
         if (!collect(side, wp < wn ? wp : wn, wp < wn ? wn : wp, a0, a1)) return kNoMemory;
-        double cut[2];
         bool onEdge = false;
         for (std::size_t i = 0; i < picked_.size(); ++i) {
             const int k = picked_[i];
             const double* c = xy_ + 2 * ends_[2 * k];
             const double* d = xy_ + 2 * ends_[2 * k + 1];
-            prevCrossings_ += RayCrossesEdge(s, e, c, d, cut) - RayCrossesEdge(prevS_, prevE_, c, d, cut);
+            prevCrossings_ += RayCrossesEdge(s, u, c, d) - RayCrossesEdge(prevS_, u, c, d);
             if (!onEdge && PointOnSegment(x, y, c, d)) onEdge = true;
         }
         prevOnEdge_ = onEdge;
     } else {
-        full(s, e);
+        full(s);
     }
-    havePrev_ = side >= 0 && endClear;
+    havePrev_ = side >= 0;
     prevSide_ = side;
     prevS_[0] = s[0];
     prevS_[1] = s[1];
-    prevE_[0] = e[0];
-    prevE_[1] = e[1];
     if (prevOnEdge_) return 0;
     return (prevCrossings_ & 1) ? 0 : 1;
 }

@@ -46,7 +46,7 @@ private:
 
     double wOf(const double* p) const;
     int sideOf(double x, double y) const;
-    void full(const double* s, const double* e);
+    void full(const double* s);
     bool collect(int side, double w0, double w1, double a0, double a1);
 
     const double* xy_ = nullptr;
@@ -72,7 +72,7 @@ private:
 
     bool havePrev_ = false;
     int prevSide_ = -1;
-    double prevS_[2] = {0, 0}, prevE_[2] = {0, 0};
+    double prevS_[2] = {0, 0};
     std::int64_t prevCrossings_ = 0;
     bool prevOnEdge_ = false;
 };

@@ -170,12 +170,23 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
         else
             ++e;
     }
-    // 14
+    // 14, leaving a vertex where several edges remain by the one turning
+    // furthest left; a closed chain of fewer than three points or no area is
+    // no contour
+    auto furtherLeft = [&](int from, int c, int v, int w) {
+        double f[2], p[2], a[2], b[2];
+        Point(G, from, f);
+        Point(G, c, p);
+        Point(G, v, a);
+        Point(G, w, b);
+        return qel::TurnsFurtherLeft(f, p, a, b) != 0;
+    };
     int k = 0;
     while (G.EdgeCount() > 0) {
         PointList& cur = lists[k];
         int s, c;
         G.GetEdge(0, &s, &c);
+        int from = s;
         double p[2];
         Point(G, s, p);
         cur.AddPoint(p[0], p[1]);
@@ -184,29 +195,41 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
         G.RemoveEdgeAt(0);
         for (;;) {
             if (G.EdgeCount() == 0) break;
-            int found = -1, next = -1;
-            for (int f = 0; f < G.EdgeCount() && found < 0; ++f) {
+            int found = -1, next = -1, candidates = 0, left = -1, leftNext = -1;
+            for (int f = 0; f < G.EdgeCount(); ++f) {
                 int a, b;
                 G.GetEdge(f, &a, &b);
-                if (a == c) {
+                if (a != c && b != c) continue;
+                ++candidates;
+                if (found < 0) {
                     found = f;
-                    next = b;
-                } else if (b == c) {
-                    found = f;
-                    next = a;
+                    next = (a == c) ? b : a;
+                }
+                if (a == c && (left < 0 || furtherLeft(from, c, b, leftNext))) {
+                    left = f;
+                    leftNext = b;
                 }
             }
             if (found < 0) {
                 cur.Clear();
                 break;
             }
+            if (candidates > 1 && left >= 0) {
+                found = left;
+                next = leftNext;
+            }
             G.RemoveEdgeAt(found);
             if (next == s) {
-                ++k;
+                const double area = qel::ContourShoelace(cur.Count(), [&](int j) { return cur.Data() + 2 * j; });
+                if (cur.Count() < 3 || area == 0.0)
+                    cur.Clear();
+                else
+                    ++k;
                 break;
             }
             Point(G, next, p);
             cur.AddPoint(p[0], p[1]);
+            from = c;
             c = next;
         }
     }

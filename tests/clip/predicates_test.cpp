@@ -1,5 +1,6 @@
 // The clipping predicates: half-open segments, thresholds, the corner rule
-// of the crossing test and the vertex rule of the probe ray.
+// of the crossing test, the exact side tests of the probe ray and the turn
+// order of the chain walk.
 #include <gtest/gtest.h>
 
 #include "clip/clip_predicates.h"
@@ -64,37 +65,55 @@ TEST(IntersectSegments, CornerOnTheExtensionOfAnEdgeIsNoCrossing)
     EXPECT_EQ(qel::IntersectSegments(a, b, r, s, x), 1);
 }
 
-TEST(RayCrossesEdge, VertexOnTheRayCountsOnceWhereTheBoundaryPasses)
+TEST(RayCrossesEdge, DecidedBySidesAlone)
 {
-    const double s[2] = {0, 0}, e[2] = {100, 0};
-    double x[2];
-    // Boundary passing downward through (5, 0): edges (5, 3)-(5, 0) and
-    // (5, 0)-(6, -3): exactly one counts.
-    const double c1[2] = {5, 3}, d1[2] = {5, 0}, d2[2] = {6, -3};
-    EXPECT_EQ(qel::RayCrossesEdge(s, e, c1, d1, x) + qel::RayCrossesEdge(s, e, d1, d2, x), 1);
-    // Touching from above: (4, 3)-(5, 0)-(6, 3): both or neither.
-    const double t0[2] = {4, 3}, t2[2] = {6, 3};
-    const int touch = qel::RayCrossesEdge(s, e, t0, d1, x) + qel::RayCrossesEdge(s, e, d1, t2, x);
-    EXPECT_TRUE(touch == 0 || touch == 2);
-    // A plain crossing, one behind the start and one at the start.
-    const double c3[2] = {7, -1}, d3[2] = {7, 1};
-    EXPECT_EQ(qel::RayCrossesEdge(s, e, c3, d3, x), 1);
-    const double c4[2] = {-7, -1}, d4[2] = {-7, 1};
-    EXPECT_EQ(qel::RayCrossesEdge(s, e, c4, d4, x), 0);
-    const double c5[2] = {0, -1}, d5[2] = {0, 1};
-    EXPECT_EQ(qel::RayCrossesEdge(s, e, c5, d5, x), 0);
+    // Ray from the origin along +x. Each row: a path c, v, d and how many of
+    // its two edges count. A vertex on the ray counts with the right-hand
+    // side: passing through, once; touching, twice or not at all.
+    const double s[2] = {0, 0}, u[2] = {1, 0};
+    const struct {
+        double c[2], v[2], d[2];
+        int count;
+    } rows[] = {
+        {{5, 3}, {5, 0}, {6, -3}, 1},        // passes down through a vertex on the ray
+        {{4, 3}, {5, 0}, {6, 3}, 2},         // touches from the left
+        {{4, -3}, {5, 0}, {6, -3}, 0},       // touches from the right
+        {{4, 3}, {5, 4e-4}, {6, -3}, 1},     // misses the vertex by a hair: one crossing
+        {{7, -1}, {7, 1}, {7, 1}, 1},        // plain crossing (second edge has length 0)
+        {{-7, -1}, {-7, 1}, {-7, 1}, 0},     // behind the start
+        {{0, -1}, {0, 1}, {0, 1}, 0},        // through the start
+        {{1e-5, -1}, {1e-5, 1}, {1e-5, 1}, 1},   // a hair ahead of the start, no radius
+        {{-1e-5, -1}, {-1e-5, 1}, {-1e-5, 1}, 0},
+    };
+    for (const auto& r : rows)
+        EXPECT_EQ(qel::RayCrossesEdge(s, u, r.c, r.v) + qel::RayCrossesEdge(s, u, r.v, r.d), r.count)
+            << r.v[0] << ", " << r.v[1];
 }
 
-TEST(RayCrossesEdge, NearMissOfAVertexIsJudgedLikeAHit)
+TEST(CrossSign, ExactWhereTheRoundedProductsTie)
 {
-    // The ray passes 4e-4 below the vertex (0, 0.0004): the crossing lies
-    // within the coincidence radius of the vertex but the vertex is off the
-    // ray's line band, so both edges are ranged as ordinary crossings and the
-    // boundary passing through counts once.
-    const double s[2] = {-5, 0}, e[2] = {5, 0};
-    const double c[2] = {-1, 3}, v[2] = {0, 0.0004}, d[2] = {1, -3};
-    double x[2];
-    EXPECT_EQ(qel::RayCrossesEdge(s, e, c, v, x) + qel::RayCrossesEdge(s, e, v, d, x), 1);
+    // a = 2^27 + 1: a * a = 2^54 + 2^28 + 1 rounds to (a - 1)(a + 1), so the
+    // rounded difference is 0 and the exact one 1.
+    const double a = 134217729.0;
+    EXPECT_EQ(qel::CrossSign(a, a - 1, a + 1, a), 1);
+    EXPECT_EQ(qel::CrossSign(a - 1, a, a, a + 1), -1);
+    EXPECT_EQ(qel::CrossSign(3.0, 6.0, 1.0, 2.0), 0);
+}
+
+TEST(TurnsFurtherLeft, FirstMetTurningClockwiseFromTheWayBack)
+{
+    // Arriving at the origin from (-1, 0): back points to -x. Turning
+    // clockwise from there: up (+y) first, then +x, then down, then back.
+    const double from[2] = {-1, 0}, c[2] = {0, 0};
+    const double up[2] = {0, 1}, ahead[2] = {1, 0}, down[2] = {0, -1}, back[2] = {-2, 0}, upRight[2] = {1, 1};
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, up, ahead), 1);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, ahead, up), 0);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, ahead, down), 1);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, down, back), 1);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, back, down), 0);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, up, upRight), 1);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, upRight, ahead), 1);
+    EXPECT_EQ(qel::TurnsFurtherLeft(from, c, ahead, ahead), 0);   // a tie keeps the earlier edge
 }
 
 TEST(LocatePoint, SquareCases)
