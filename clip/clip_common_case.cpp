@@ -2,15 +2,15 @@
 // near anything else, with the general graph merge's bits.
 //
 // The general merge pays, per vertex, for a point grid (every point hashed
-// twice or more), a ray-cast location of every polygon vertex against the
-// rectangle, a sort of all vertices for locating the outline, an edge-pair
-// index and per-vertex edge lists for the walk. In the common case every one
-// of its decisions is known from integer comparisons and from the few
-// predicates this pass evaluates itself, and the graph it walks is a set of
-// disjoint cycles. The pass checks the conditions below as it goes and hands
-// the input back (kNotCommonCase) at the first that fails.
+// twice or more), a location of every polygon vertex against the rectangle,
+// a sort of all vertices for locating the outline, an edge-pair index and
+// per-vertex edge lists for the walk. In the common case every one of its
+// decisions is known from integer comparisons and from the few predicates
+// this pass evaluates itself, and the graph it walks is a set of disjoint
+// cycles. The pass checks the conditions below as it goes and hands the
+// input back (kNotCommonCase) at the first that fails.
 //
-// Conditions (M: largest coordinate magnitude, L: a probe ray's length):
+// Conditions (M: the largest coordinate magnitude):
 //  C1 |coordinates| <= 2^24, so that sums, differences and products of two
 //     differences of input coordinates are exact in doubles;
 //  C2 no vertex on the line of a side (x = x1, x2 or y = y1, y2), so every
@@ -25,15 +25,7 @@
 //  C5 every corner is at least 2e-3 from every polygon edge, and along each
 //     side neighbouring boundary points are so far apart that each midpoint
 //     between them is at least 2e-3 from every polygon edge;
-//  C6 the probe rays are robust: both probe directions lean at least 1e-3
-//     off the axes; the rectangle's ray from an inside vertex, and the
-//     polygon's ray from a corner or a midpoint, passes no vertex (corner)
-//     within d = 1e-6 + 4e + 1e-15 (M + L)^2 / L of its line, e = 3.6e-15
-//     (M + L) bounding the rounding of a computed line crossing times the
-//     sine of the crossing angle; the polygon's ray ends at least 1 beyond
-//     the polygon's box; no polygon edge runs within a sine of 4e of the
-//     ray's direction (or 2e-6 / L for the parallel threshold), and the
-//     lines of edges within a sine of 2000e pass every located point at 4e.
+//  C6 no edge is steeper than 1e6 to an axis without lying along it.
 //
 // Why the result is then the merge's, stage by stage. The bounding-box
 // answers are the same integer tests. The side pass is evaluated here with
@@ -46,23 +38,27 @@
 // side, keeps 2e-3 from its ends (C3) and lies within a few ulps of the
 // side's line, so the band test's t, exact to about 15 eps M times the
 // side's length under C1, stays far below its bound of 5e-7 times the
-// length. It keeps the inside vertices and drops the others: an outside
-// vertex is at least 1 outside the box (C2) and fails the box test; one inside is
-// at least 1 from every side, so it lies on no side, and its ray (C6) meets
-// the rectangle's boundary once, clear of the corners and of the ray's ends,
-// every range test deciding as in exact arithmetic (the true offsets are at
-// least d / sin or 1 against rounding of e / sin): inside.
+// length. Every vertex lies at least 1 from each side's line (C2), on no
+// side, and the probe ray's count from an integer point against integer
+// corners is exact: inside vertices stay, outside ones go, whatever the box
+// margin decides first.
 // The outline orders each side's crossings by the same squared distances,
-// all distinct (C5). Locating the outline keeps the crossings (C4: on their
-// own edge, the merge's first try) and locates the corners and the
-// midpoints, each at least 2e-3 from every edge (C5), with rays that pass no
-// vertex closely, cross no edge near their start or end and meet no edge at
-// a rounding-sensitive angle (C6): every RayCrossesEdge then returns whether
-// the ray truly crosses the edge, and the count is the exact crossing
-// parity. This pass computes that parity exactly: for a corner by counting,
-// in integer arithmetic, the edges that cross the side's line before it, and
-// along a side by flipping at each crossing. The parity reached at the end
-// of a side must agree with the next corner's, a check of the whole.
+// all distinct (C5). Locating it keeps the crossings (C4: on their own edge,
+// the merge's first try) and locates the corners and the midpoints of the
+// outline's segments. Each lies at least 2e-3 from every edge (C5), so on
+// none by PointOnSegment: off its line's band, or beyond its ends on the
+// range axis, which for a point of a side near the line of an edge ending
+// at least 1 short of that side would take a slope beyond 1e6 (C6). The
+// probe ray's count works on the differences of the edge ends from the
+// point, rounded by at most eps times their size, the same for both edges at
+// a vertex: it is the exact crossing parity of the polygon with every
+// vertex moved by less than 4e-9 under C1, far less than the point's
+// distance to the boundary, so it is the point's exact inside or outside.
+// The box margin only shortcuts points truly outside. This pass computes
+// that parity exactly: for a corner by counting, in integer arithmetic, the
+// edges that cross the side's line before it, and along a side by flipping
+// at each crossing. The parity reached at the end of a side must agree with
+// the next corner's, a check of the whole.
 // Merging finds no coinciding points and no repeated or opposed edges:
 // crossings keep 2e-3 from the corners and from each other, and a chord
 // cannot end twice on one side. So every kept point has exactly two kept
@@ -83,7 +79,6 @@
 #include "clip/clip_predicates.h"
 #include "clip/clip_work.h"
 #include "clip/write_contours.h"
-#include "foundation/elementary.h"
 
 namespace qel {
 
@@ -94,7 +89,7 @@ using clipwork::Buffer;
 constexpr int kNot = kNotCommonCase;
 constexpr double kLimit = 16777216.0;   // C1: 2^24
 constexpr double kNear = 2e-3;          // C3, C5
-constexpr double kLean = 1e-3;          // C6
+constexpr double kSteep = 1e6;          // C6
 
 struct Piece {
     int a, b;   // point ids, in the edge's direction
@@ -123,29 +118,6 @@ struct Edge {
     int a, b;
     int used;
 };
-
-// The probe frame of a box as MakeProbeFrame builds it, sine and cosine
-// taken at once.
-void Frame(double minX, double minY, double maxX, double maxY, ProbeFrame* f)
-{
-    f->minX = minX;
-    f->minY = minY;
-    f->maxX = maxX;
-    f->maxY = maxY;
-    const double w = maxX - minX;
-    const double h = maxY - minY;
-    f->length = std::sqrt(w * w + h * h);
-    qel::sincos(f->length, &f->sinL, &f->cosL);
-}
-
-// Rounding allowance of a computed line crossing times the sine of the
-// crossing angle, and the distance from a probe ray within which a vertex
-// could change a decision (C6).
-double CrossingSlack(double m, double l) { return 3.6e-15 * (m + l); }
-double RayClearance(double m, double l)
-{
-    return 1e-6 + 4.0 * CrossingSlack(m, l) + 1e-15 * (m + l) * (m + l) / l;
-}
 
 // Exact in doubles under C1: differences of inputs and their products.
 double Cross(const double* p, const double* q, const double* c)
@@ -200,7 +172,6 @@ private:
     bool evaluate(int side, int a, int b, int edge, int* split);
     bool farPiece(int side, int a, int b) const;
     bool outline();
-    bool located();
     int walk(int** outPts, int** outCounts);
 
     bool noMemory()
@@ -227,8 +198,6 @@ private:
     bool cornerIn_[4] = {false, false, false, false};
     int cornerBase_ = 0;
     Buffer<RingPoint> ring_;          // the boundary in walking order
-    ProbeFrame pf_{};
-    Buffer<int> risky_;               // edges nearly parallel to the polygon's probe ray
     int parity_[4] = {0, 0, 0, 0};
     bool oom_ = false;   // memory ran out: the answer is -1, as the merge's
 };
@@ -279,12 +248,6 @@ bool Pass::insideVertices()
         count += in ? 1 : 0;
     }
     if (count == 0) return true;
-    ProbeFrame rf;
-    Frame(rect_[0], rect_[1], rect_[2], rect_[3], &rf);
-    if (std::fabs(rf.cosL) < kLean || std::fabs(rf.sinL) < kLean) return false;
-    const double clear = RayClearance(mag_, rf.length);
-    double wc[4];
-    for (int k = 0; k < 4; ++k) wc[k] = corners_[2 * k] * rf.sinL - corners_[2 * k + 1] * rf.cosL;
     // Few inside points are compared pairwise, more go through a set.
     PointSeen seen;
     const bool few = count <= 16;
@@ -292,9 +255,6 @@ bool Pass::insideVertices()
     for (int i = 0; i < m_; ++i) {
         if (!vx_[static_cast<std::size_t>(i)].inside) continue;
         const double* p = at(i);
-        const double w = p[0] * rf.sinL - p[1] * rf.cosL;
-        for (int k = 0; k < 4; ++k)
-            if (std::fabs(w - wc[k]) < clear) return false;
         if (few) {
             for (int j = 0; j < i; ++j)
                 if (vx_[static_cast<std::size_t>(j)].inside && at(j)[0] == p[0] && at(j)[1] == p[1]) return false;
@@ -312,7 +272,6 @@ bool Pass::edges()
 {
     size_ = std::sqrt((maxX_ - minX_) * (maxX_ - minX_) + (maxY_ - minY_) * (maxY_ - minY_));
     const double mu = FarMargin(mag_, size_);
-    const double slack = CrossingSlack(mag_, pf_.length);
     const double inLoX = rect_[0] + mu, inHiX = rect_[2] - mu, inLoY = rect_[1] + mu, inHiY = rect_[3] - mu;
     for (int e = 0; e < m_; ++e) {
         const int f = (e + 1 == m_) ? 0 : e + 1;
@@ -321,12 +280,10 @@ bool Pass::edges()
         const double lx = std::min(p[0], q[0]), hx = std::max(p[0], q[0]);
         const double ly = std::min(p[1], q[1]), hy = std::max(p[1], q[1]);
 
-        // C6: the edge against the polygon's probe direction.
-        const double dx = q[0] - p[0], dy = q[1] - p[1];
+        // C6: no edge within 1e-6 of an axis but not on it.
+        const double dx = std::fabs(q[0] - p[0]), dy = std::fabs(q[1] - p[1]);
+        if ((dx > 0.0 && dy > kSteep * dx) || (dy > 0.0 && dx > kSteep * dy)) return false;
         const double len2 = dx * dx + dy * dy;
-        const double across = std::fabs(dx * pf_.sinL - dy * pf_.cosL);   // len * sin
-        if (across * across < 16.0 * slack * slack * len2 || across * pf_.length < 2e-6) return false;
-        if (across * across < 4e6 * slack * slack * len2 && !risky_.push(e)) return noMemory();
 
         // Corners within the edge's box (strictly, C2): distance and parity.
         for (int k = 0; k < 4; ++k) {
@@ -509,110 +466,6 @@ bool Pass::outline()
     return true;
 }
 
-// C6 for the points the merge locates against the polygon: the corners and
-// the midpoints of the outline segments within reach of the polygon's box.
-bool Pass::located()
-{
-    const double clear = RayClearance(mag_, pf_.length);
-    const double slack = CrossingSlack(mag_, pf_.length);
-    auto wOf = [&](double x, double y) { return (x - minX_) * pf_.sinL - (y - minY_) * pf_.cosL; };
-    // Whether (x, y) is located at all, and its ray's end clear of the box
-    // and its start clear of the nearly parallel edges' lines.
-    auto ray = [&](double x, double y, bool* far) {
-        *far = x < minX_ - 1.0 || x > maxX_ + 1.0 || y < minY_ - 1.0 || y > maxY_ + 1.0;
-        if (*far) return true;
-        double e[2];
-        ProbeRayEnd(pf_, x, y, e);
-        if (!(e[0] < minX_ - 1.0 || e[0] > maxX_ + 1.0 || e[1] < minY_ - 1.0 || e[1] > maxY_ + 1.0)) return false;
-        for (std::size_t i = 0; i < risky_.size(); ++i) {
-            const int r = risky_[i];
-            const double* c = at(r);
-            const double* d = at(r + 1 == m_ ? 0 : r + 1);
-            const double s[2] = {x, y};
-            const double dx = d[0] - c[0], dy = d[1] - c[1];
-            if (std::fabs(Cross(c, d, s)) < 4.0 * slack * std::sqrt(dx * dx + dy * dy)) return false;
-        }
-        return true;
-    };
-    const std::size_t segments = ring_.size();
-    auto pointAt = [&](std::size_t i, double* x, double* y) {
-        if (i < 4) {
-            *x = corners_[2 * i];
-            *y = corners_[2 * i + 1];
-            return;
-        }
-        const double* p = at(ring_[i - 4].id);
-        const double* q = at(ring_[i - 3 == segments ? 0 : i - 3].id);
-        *x = (p[0] + q[0]) * 0.5;
-        *y = (p[1] + q[1]) * 0.5;
-    };
-    const std::size_t points = segments + 4;
-
-    // Few points against few vertices: every pair.
-    if (points * static_cast<std::size_t>(m_) <= 4096) {
-        for (std::size_t i = 0; i < points; ++i) {
-            double x, y;
-            bool far;
-            pointAt(i, &x, &y);
-            if (!ray(x, y, &far)) return false;
-            if (far) continue;
-            const double w = wOf(x, y);
-            for (int v = 0; v < m_; ++v)
-                if (std::fabs(wOf(at(v)[0], at(v)[1]) - w) < clear) return false;
-        }
-        return true;
-    }
-
-    // Otherwise the points' offsets across the ray direction go into buckets
-    // at least `clear` wide, and each vertex looks into its own and the
-    // neighbouring ones.
-    Buffer<double> ws;
-    if (!ws.reserve(points)) return noMemory();
-    for (std::size_t i = 0; i < points; ++i) {
-        double x, y;
-        bool far;
-        pointAt(i, &x, &y);
-        if (!ray(x, y, &far)) return false;
-        if (!far) ws.push(wOf(x, y));
-    }
-    const std::size_t count = ws.size();
-    if (count == 0) return true;
-    double lo = ws[0], hi = ws[0];
-    for (std::size_t i = 1; i < count; ++i) {
-        lo = std::min(lo, ws[i]);
-        hi = std::max(hi, ws[i]);
-    }
-    std::size_t buckets = 2 * count;
-    double width = (hi - lo) / static_cast<double>(buckets);
-    if (!(width >= clear)) {
-        const double need = (hi - lo) / clear + 1.0;
-        buckets = need < static_cast<double>(2 * count) ? static_cast<std::size_t>(need) + 1 : 2 * count;
-        width = std::max(clear, (hi - lo) / static_cast<double>(buckets));
-    }
-    auto bucketOf = [&](double w) {
-        const double b = (w - lo) / width;
-        if (!(b > 0.0)) return std::size_t{0};
-        if (b >= static_cast<double>(buckets - 1)) return buckets - 1;
-        return static_cast<std::size_t>(b);
-    };
-    Buffer<int> first, order;
-    if (!first.assign(buckets + 2, 0) || !order.resize(count)) return noMemory();
-    for (std::size_t i = 0; i < count; ++i) ++first[bucketOf(ws[i]) + 2];
-    for (std::size_t b = 0; b < buckets; ++b) first[b + 2] += first[b + 1];
-    // first[b + 1] now counts the points below bucket b: filling moves it to
-    // the end of bucket b, which is where bucket b + 1 starts.
-    for (std::size_t i = 0; i < count; ++i) order[static_cast<std::size_t>(first[bucketOf(ws[i]) + 1]++)] = static_cast<int>(i);
-    for (int v = 0; v < m_; ++v) {
-        const double w = wOf(at(v)[0], at(v)[1]);
-        if (w < lo - clear || w > hi + clear) continue;
-        const std::size_t b1 = bucketOf(w + clear);
-        for (std::size_t b = bucketOf(w - clear); b <= b1; ++b)
-            for (int j = first[b]; j < first[b + 1]; ++j)
-                if (std::fabs(w - ws[static_cast<std::size_t>(order[static_cast<std::size_t>(j)])]) < clear) return false;
-    }
-    return true;
-}
-
 // Merge and walk: the kept edges in the merge's order, walked into chains.
 int Pass::walk(int** outPts, int** outCounts)
 {
@@ -701,10 +554,8 @@ int Pass::run(const int* pts, int n, int** outPts, int** outCounts)
     for (double v : {minX_, minY_, maxX_, maxY_, rect_[0], rect_[1], rect_[2], rect_[3]})
         mag_ = std::max(mag_, std::fabs(v));
     if (mag_ > kLimit) return kNot;
-    Frame(minX_, minY_, maxX_, maxY_, &pf_);
-    if (std::fabs(pf_.cosL) < kLean || std::fabs(pf_.sinL) < kLean) return kNot;
 
-    if (!vertices(pts, n) || !insideVertices() || !edges() || !sides() || !outline() || !located())
+    if (!vertices(pts, n) || !insideVertices() || !edges() || !sides() || !outline())
         return oom_ ? -1 : kNot;
     return walk(outPts, outCounts);
 }

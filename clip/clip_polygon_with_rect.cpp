@@ -561,13 +561,9 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const int nv = (ea[static_cast<std::size_t>(f)] == c) ? eb[static_cast<std::size_t>(f)]
                                                                   : ea[static_cast<std::size_t>(f)];
             if (nv == s) {
-                // Fewer than three points or no area is no contour.
-                const int len = static_cast<int>(chain.size() - start);
-                const int* ids = chain.data() + start;
-                if (len < 3 || qel::ContourShoelace(len, [&](int j) { return g.pts.at(ids[j]); }) == 0.0)
-                    chain.truncate(start);
-                else if (!contourEnd.push(static_cast<int>(chain.size())))
-                    return kFail;
+                // A chain of fewer than three points or without area is
+                // dropped by the output stage.
+                if (!contourEnd.push(static_cast<int>(chain.size()))) return kFail;
                 break;
             }
             if (seen[static_cast<std::size_t>(nv)] != stamp) {
