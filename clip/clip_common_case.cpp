@@ -13,14 +13,15 @@
 // Conditions (M: the largest coordinate magnitude):
 //  C1 |coordinates| <= 2^24, so that sums, differences and products of two
 //     differences of input coordinates are exact in doubles;
-//  C2 no vertex on the line of a side (x = x1, x2 or y = y1, y2), so every
-//     vertex is at least 1 from each side's line, and no two vertices inside
-//     the rectangle are equal (after dropping consecutive repeats);
+//  C2 no vertex on the rectangle's boundary, so every vertex is at least 1
+//     from each side (a vertex on a side's line lies at least 1 beyond the
+//     side's end), and no two vertices inside the rectangle are equal (after
+//     dropping consecutive repeats);
 //  C3 every segment the merge's side pass tries (its own box rules, shared
 //     in clip_margins.h) gives the predicate results of a clean crossing:
 //     no vertex on a side, no corner on an edge, a crossing only for an
-//     edge whose ends lie on opposite sides of the side's line, and no line
-//     crossing within 2e-3 of a corner;
+//     edge whose ends lie strictly on opposite sides of the side's line, and
+//     no line crossing within 2e-3 of a corner;
 //  C4 every crossing lies on its polygon edge by PointOnSegment;
 //  C5 every corner is at least 2e-3 from every polygon edge, and along each
 //     side neighbouring boundary points are so far apart that each midpoint
@@ -38,17 +39,19 @@
 // side, keeps 2e-3 from its ends (C3) and lies within a few ulps of the
 // side's line, so the band test's t, exact to about 15 eps M times the
 // side's length under C1, stays far below its bound of 5e-7 times the
-// length. Every vertex lies at least 1 from each side's line (C2), on no
-// side, and the probe ray's count from an integer point against integer
-// corners is exact: inside vertices stay, outside ones go, whatever the box
-// margin decides first.
+// length. Every vertex lies at least 1 from each side (C2), so on none by
+// PointOnSegment (off the line's band, or on the line beyond the side's end
+// by the exact range test), and the probe ray's count from an integer point
+// against integer corners is exact: inside vertices stay, outside ones go,
+// whatever the box margin decides first.
 // The outline orders each side's crossings by the same squared distances,
 // all distinct (C5). Locating it keeps the crossings (C4: on their own edge,
 // the merge's first try) and locates the corners and the midpoints of the
 // outline's segments. Each lies at least 2e-3 from every edge (C5), so on
 // none by PointOnSegment: off its line's band, or beyond its ends on the
 // range axis, which for a point of a side near the line of an edge ending
-// at least 1 short of that side would take a slope beyond 1e6 (C6). The
+// at least 1 short of that side's line or beyond its end would take a slope
+// beyond 1e6 (C6). The
 // probe ray's count works on the differences of the edge ends from the
 // point, rounded by at most eps times their size, the same for both edges at
 // a vertex: it is the exact crossing parity of the polygon with every
@@ -285,10 +288,10 @@ bool Pass::edges()
         if ((dx > 0.0 && dy > kSteep * dx) || (dy > 0.0 && dx > kSteep * dy)) return false;
         const double len2 = dx * dx + dy * dy;
 
-        // Corners within the edge's box (strictly, C2): distance and parity.
+        // Corners within the edge's box: distance (C5), and parity.
         for (int k = 0; k < 4; ++k) {
             const double* c = corners_ + 2 * k;
-            if (lx < c[0] && c[0] < hx && ly < c[1] && c[1] < hy) {
+            if (lx <= c[0] && c[0] <= hx && ly <= c[1] && c[1] <= hy) {
                 const double cr = Cross(p, q, c);
                 if (cr * cr < kNear * kNear * len2 * (1.0 + 1e-9)) return false;
             }
@@ -366,7 +369,7 @@ bool Pass::evaluate(int s, int a, int b, int edge, int* split)
         const double* c = at(edge);
         const double* d = at(edge + 1 == m_ ? 0 : edge + 1);
         const double line = A[across];
-        if ((c[across] < line) == (d[across] < line)) return false;
+        if (!((c[across] < line && d[across] > line) || (c[across] > line && d[across] < line))) return false;
         if (std::fabs(X[along] - A[along]) < kNear || std::fabs(X[along] - B[along]) < kNear) return false;
         if (!PointOnSegment(X[0], X[1], c, d)) return false;
         const int id = static_cast<int>(xy_.size() / 2);
@@ -535,18 +538,19 @@ int Pass::run(const int* pts, int n, int** outPts, int** outCounts)
     int minX = pts[0], minY = pts[1], maxX = pts[0], maxY = pts[1];
     const int x1 = static_cast<int>(rect_[0]), y1 = static_cast<int>(rect_[1]);
     const int x2 = static_cast<int>(rect_[2]), y2 = static_cast<int>(rect_[3]);
-    bool onLine = false;
+    bool onBoundary = false;
     for (int i = 0; i < n; ++i) {
         const int x = pts[2 * i], y = pts[2 * i + 1];
         minX = std::min(minX, x);
         maxX = std::max(maxX, x);
         minY = std::min(minY, y);
         maxY = std::max(maxY, y);
-        onLine = onLine || x == x1 || x == x2 || y == y1 || y == y2;
+        onBoundary = onBoundary || ((x == x1 || x == x2) && y1 <= y && y <= y2) ||
+                     ((y == y1 || y == y2) && x1 <= x && x <= x2);
     }
     if (x2 <= minX || minY >= y2 || maxX <= x1 || maxY <= y1) return -1;
     if (maxX <= x2 && maxY <= y2 && x1 <= minX && y1 <= minY) return -2;
-    if (onLine) return kNot;
+    if (onBoundary) return kNot;
     minX_ = minX;
     minY_ = minY;
     maxX_ = maxX;

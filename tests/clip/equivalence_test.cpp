@@ -210,7 +210,9 @@ TEST(ClipCommonCase, DeclinesAtItsBoundsAndAgreesJustInside)
     const std::vector<Row> rows = {
         {"vertex on a side's line", {0, 0, 10, 10, {-5, 5, 5, 10, 15, 5, 5, -5}}, false},
         {"vertex one off a side's line", {0, 0, 10, 10, {-5, 5, 5, 9, 16, 5, 6, -5}}, true},
-        {"vertex on a side's line, outside", {0, 0, 10, 10, {-5, 5, 20, 10, 15, 5, 5, -5}}, false},
+        {"vertices on sides' lines far beyond their ends", {0, 0, 10, 10, {-5, 5, 4, 15, 30, 20, 40, 10, 30, 0, 6, -5}}, true},
+        {"vertex on a side's line, an edge from it tried on the side", {0, 0, 10, 10, {-5, 5, 20, 10, 16, 5, 6, -5}}, false},
+        {"vertex on a corner", {0, 0, 10, 10, {-5, 5, 10, 10, 16, 5, 6, -5}}, false},
         {"edge through a corner", {0, 0, 10, 10, {-5, -5, 5, 5, 15, -5}}, false},
         {"corner 2.4e-3 from an edge", {0, 0, 10, 10, {-301, 302, 299, -300, 200, 201}}, true},
         {"corner 2.4e-3 from an edge that cuts it off", {0, 0, 10, 10, {-299, -300, 301, 302, 200, -300}}, false},
