@@ -23,9 +23,10 @@
 //     edge whose ends lie strictly on opposite sides of the side's line, and
 //     no line crossing within 2e-3 of a corner;
 //  C4 every crossing lies on its polygon edge by PointOnSegment;
-//  C5 every corner is at least 2e-3 from every polygon edge, and along each
-//     side neighbouring boundary points are so far apart that each midpoint
-//     between them is at least 2e-3 from every polygon edge;
+//  C5 every corner is at least 2e-3 from every polygon edge; along each side
+//     neighbouring boundary points are more than the coincidence radius
+//     apart, and each midpoint between them is at least 1e-6 from the lines
+//     of the edges crossing that side;
 //  C6 no edge is steeper than 1e6 to an axis without lying along it.
 //
 // Why the result is then the merge's, stage by stage. The bounding-box
@@ -47,11 +48,13 @@
 // The outline orders each side's crossings by the same squared distances,
 // all distinct (C5). Locating it keeps the crossings (C4: on their own edge,
 // the merge's first try) and locates the corners and the midpoints of the
-// outline's segments. Each lies at least 2e-3 from every edge (C5), so on
-// none by PointOnSegment: off its line's band, or beyond its ends on the
-// range axis, which for a point of a side near the line of an edge ending
-// at least 1 short of that side's line or beyond its end would take a slope
-// beyond 1e6 (C6). The
+// outline's segments. None lies on an edge by PointOnSegment: a corner is
+// 2e-3 from every edge (C5); a midpoint is off the band of every edge
+// crossing its side (C5), at least 1 or a corner's distance from every edge
+// that does not (the distance between two segments is taken at an end of
+// one of them), and an edge ending short of the side's line or beyond the
+// side's end could hold it only on its range axis past its end, which would
+// take a slope beyond 1e6 (C6). The
 // probe ray's count works on the differences of the edge ends from the
 // point, rounded by at most eps times their size, the same for both edges at
 // a vertex: it is the exact crossing parity of the polygon with every
@@ -92,6 +95,8 @@ using clipwork::Buffer;
 constexpr int kNot = kNotCommonCase;
 constexpr double kLimit = 16777216.0;   // C1: 2^24
 constexpr double kNear = 2e-3;          // C3, C5
+constexpr double kApart = 1.01e-3;      // C5: beyond the coincidence radius
+constexpr double kBand = 1e-6;          // C5: twice PointOnSegment's band
 constexpr double kSteep = 1e6;          // C6
 
 struct Piece {
@@ -457,7 +462,7 @@ bool Pass::outline()
             const double here = at(c->id)[along];
             const double next = (c + 1 != last) ? at((c + 1)->id)[along] : corners_[2 * ((s + 1) % 4) + along];
             const double gap = std::min(std::fabs(here - prev), std::fabs(next - here));
-            if (!(0.5 * gap * c->sine >= kNear)) return false;
+            if (!(gap >= kApart && 0.5 * gap * c->sine >= kBand)) return false;
             if (!ring_.push(RingPoint{id, in ? 1 : 0})) return noMemory();
             in = !in;
             id = c->id;
