@@ -331,9 +331,17 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         qel::MakeProbeFrame(b.minX, b.minY, b.maxX, b.maxY, &rf);
         Buffer<unsigned char> keep;
         if (!keep.resize(static_cast<std::size_t>(g.pts.count()))) return kFail;
+        // The input's own points come first in g. Against the integer
+        // corners an integer point's probe count is exact, and below 2^24 so
+        // is the band test's t (off a side's line t is at least the side's
+        // length; on it, beyond the side's end, the range test fails): such a
+        // point is kept exactly when it lies in the closed rectangle.
+        const int exact = mag <= 16777216.0 ? g2.points() : 0;
         for (int i = 0; i < g.pts.count(); ++i) {
             const double* p = g.pts.at(i);
-            keep[static_cast<std::size_t>(i)] = LocateExact(rg, rf, p[0], p[1]) != -2;
+            keep[static_cast<std::size_t>(i)] =
+                i < exact ? (rx1 <= p[0] && p[0] <= rx2 && ry1 <= p[1] && p[1] <= ry2)
+                          : LocateExact(rg, rf, p[0], p[1]) != -2;
         }
         if (!DropPoints(g, keep.data(), r.count())) return kFail;
     }
