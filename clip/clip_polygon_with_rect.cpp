@@ -430,6 +430,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
                 const double* d = g2.at(g2.ends[2 * static_cast<std::size_t>(h) + 1]);
                 in = qel::PointOnSegment(p[0], p[1], c, d) != 0;
             }
+            if (!in) in = g.pts.find(p[0], p[1]) >= 0;
             if (!in) in = locator.locate(p[0], p[1]) != -2;
             keep[static_cast<std::size_t>(i)] = in;
         }
@@ -487,9 +488,11 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const double* p = g2.at(i);
             if (rx1 < p[0] && p[0] < rx2 && ry1 < p[1] && p[1] < ry2) return -2;
         }
+        // -3 only when no corner lies outside: with every edge gone, a corner
+        // inside a piece too thin to keep says nothing about the others.
         for (int i = 0; i < 4; ++i)
-            if (locator.locate(corners[2 * i], corners[2 * i + 1]) == -1) return -3;
-        return -1;
+            if (locator.locate(corners[2 * i], corners[2 * i + 1]) == -2) return -1;
+        return -3;
     }
 
     // 13: the remaining edges in order, without those from a point to itself.

@@ -5,8 +5,9 @@
 //   parallel     |cross product of the two directions| <= 1e-6
 //   axis         1e-6 on a coordinate difference (range-test axis)
 //   line band    twice the triangle area below 0.5e-6 * length
-//   box margin   1e-6 times the box's largest coordinate magnitude, at least
-//                1e-6 (LocatePoint's bounding-box test)
+//   box margin   the coincidence radius 1e-3 plus 1e-6 times the box's
+//                largest coordinate magnitude, at least 1 (LocatePoint's
+//                bounding-box test)
 // Segments are half-open: they hold their first end point, not their second.
 // Which side of a line a point lies on, as the probe ray and the chain walk
 // ask it, is decided exactly (CrossSign), with no tolerance at all.
@@ -24,7 +25,8 @@ namespace qel {
 constexpr double kParallel = 1e-6;
 constexpr double kAxis = 1e-6;
 constexpr double kLineBand = 1e-6;   // used as 0.5 * kLineBand * length
-constexpr double kBoxMargin = 1e-6;   // relative to the box's magnitude, at least absolute
+constexpr double kBoxMargin = 1e-6;   // relative to the box's magnitude
+constexpr double kCoincidenceRadius = 1e-3;   // square root of kCoincidence
 
 // Sign (-1, 0, 1) of ax * by - ay * bx, exact for the doubles given (products
 // below 2^995 in size and above 2^-969 or zero). When the rounded difference
@@ -88,7 +90,7 @@ inline bool WithinRange(const double* x, const double* a, const double* b)
 struct ProbeFrame {
     double minX, minY, maxX, maxY;
     double length, cosL, sinL;
-    double margin;   // kBoxMargin scaled by the box's largest coordinate magnitude
+    double margin;   // kCoincidenceRadius + kBoxMargin * the box's largest |coordinate|
 };
 
 void MakeProbeFrame(double minX, double minY, double maxX, double maxY, ProbeFrame* f);

@@ -8,12 +8,14 @@
 // radians, L the box diagonal (see ProbeFrame), one direction for every point
 // tested against one graph.
 //
-// The margin is 1e-6 times the box's largest coordinate magnitude (at least
-// 1e-6): a crossing point computed on a side at 5e8 from an edge piece of
-// steep slope can lie a few 1e-6 outside the box it belongs in, and an
-// absolute margin would call such a point outside although it lies on an
-// edge. A wider margin costs nothing but a count: the early answer is only a
-// shortcut, the ray count gives outside for any point beyond the box.
+// The margin is the coincidence radius 1e-3 plus 1e-6 times the box's
+// largest coordinate magnitude (at least 1). PointOnSegment holds within the
+// coincidence radius of an edge's start, up to 1e-3 outside the box, and a
+// crossing point computed on a side at 5e8 from an edge piece of steep slope
+// can lie a few 1e-6 outside the box it belongs in: a narrower margin would
+// call outside a point that lies on an edge. A wider one costs nothing but a
+// count: the early answer is only a shortcut, and the exact ray count gives
+// outside for any point beyond the box.
 #include <cmath>
 
 #include "clip/clip_predicates.h"
@@ -36,7 +38,7 @@ void MakeProbeFrame(double minX, double minY, double maxX, double maxY, ProbeFra
     const double v[4] = {minX, minY, maxX, maxY};
     for (double c : v)
         if (std::fabs(c) > m) m = std::fabs(c);
-    f->margin = kBoxMargin * m;
+    f->margin = kCoincidenceRadius + kBoxMargin * m;
 }
 
 int LocatePoint(const PolygonGraph& g, double x, double y)

@@ -390,15 +390,26 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
  * Polygon clipping
  * ------------------------------------------------------------------------- */
 
-/* Clips the integer polygon pts (n x, y pairs, implicitly closed, either
- * orientation, first point may repeat at the end) against the rectangle
- * [x1, x2] x [y1, y2]. Points closer than 0.001 are one point.
- * Returns k >= 1, the number of closed contours, each counter-clockwise
- * (y up) with its vertices listed once; *outPts receives 2m ints (the
- * contours' x, y pairs one contour after another, m vertices in all) and
- * *outCounts k ints (the vertex count of each contour). Both arrays come from
- * mem_malloc and belong to the caller, who gives them back with mem_free.
- * Coordinates are rounded to floor(v + 0.5).
+/* Clips the integer polygon pts (n x, y pairs, implicitly closed) against the
+ * rectangle [x1, x2] x [y1, y2].
+ * Input: any int coordinates, the whole 32-bit range (every difference is
+ * exact in a double). The polygon may run either way, repeat its first point
+ * at the end and touch itself; points closer than 0.001 are one point.
+ * Returns k >= 1, the number of closed contours, each counter-clockwise (y up,
+ * positive area before rounding) with its vertices listed once; *outPts
+ * receives 2m ints (the contours' x, y pairs one contour after another, m
+ * vertices in all) and *outCounts k ints (the vertex count of each contour).
+ * Both arrays come from mem_malloc and belong to the caller, who gives them
+ * back with mem_free. Pieces of the intersection that touch only at a point
+ * (say at a polygon vertex on a side) come out as separate contours.
+ * Whether a point lies inside is decided exactly for integer points; crossing
+ * points are computed in doubles and rounded to floor(v + 0.5), so a contour's
+ * area differs from the exact piece's by at most about half its perimeter
+ * (|dx| + |dy| summed) plus a quarter per vertex. Rounding can collapse a thin
+ * piece and repeat a vertex: rect (-5, -5, 35, 18) and the polygon (0, 0)
+ * (33554462, 33686018) (33686018, 33686018) give (0, 0) (18, 18) (18, 18). A
+ * closed chain of fewer than three points or of zero area (before rounding)
+ * is no contour, so a sliver thinner than 0.001, whose points merge, can vanish.
  *   -1  nothing of the polygon lies inside the rectangle (a bounding box that
  *       only touches it counts as disjoint), no closed contour could be
  *       formed, n <= 0, x1 >= x2 or y1 >= y2, or memory ran out;

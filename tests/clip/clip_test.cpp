@@ -1,5 +1,5 @@
-// ClipPolygonWithRect: documented cases, the touching cases that the
-// procedure's own steps get wrong, result codes, rounding, and memory.
+// ClipPolygonWithRect: documented cases, the touching and near-edge cases
+// that the procedure's own steps get wrong, result codes, rounding, and memory.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -147,6 +147,45 @@ TEST(ClipPolygonWithRect, RectangleInsideThePolygon)
     const Clipped c = Clip(-1, -1, 1, 1, {-100, -100, 100, -100, 0, 100});
     ASSERT_EQ(c.code, 1);
     EXPECT_EQ(TwiceArea(c), 8);
+}
+
+TEST(ClipPolygonWithRect, TouchingAndNearEdgeInput)
+{
+    const struct {
+        const char* what;
+        int rect[4];
+        std::vector<int> poly, counts, pts;
+        int code;
+    } rows[] = {
+        {"pieces touching at a vertex on a side stay two", {0, -20, 20, 20}, {0, 0, 4, 2, -4, 6, 4, -10},
+         {3, 3}, {4, 2, 0, 4, 0, 0, 4, -10, 0, 0, 0, -2}, 2},
+        {"corner 5e-5 from an edge, inside", {0, 0, 10, 10}, {0, 0, 200000, -1, -1000, 1000},
+         {4}, {0, 0, 10, 0, 10, 10, 0, 10}, 1},
+        {"sliver touching a piece at a vertex on a side", {0, 0, 10, 10}, {-5, 5, 13317, 0, 0, 5, 5, 15},
+         {4, 3}, {10, 5, 0, 5, 0, 5, 10, 5, 0, 5, 3, 10, 0, 10}, 2},
+        {"crossing computed 2.2e-6 outside the box at 5e8", {522133279, -16441569, 522133503, 520093976},
+         {536870911, 522133279, 522133279, 0, 0, 0}, {4},
+         {522133503, 507800427, 522133279, 507800209, 522133279, 0, 522133503, 7936}, 1},
+        {"two points and no area is no contour", {0, 0, 10, 10}, {-5, 5, 20, 5}, {}, {}, -1},
+        {"rounding collapses a thin piece onto a repeated vertex", {-5, -5, 35, 18},
+         {0, 0, 33554462, 33686018, 33686018, 33686018}, {3}, {0, 0, 18, 18, 18, 18}, 1},
+        {"edge entering 2.8e-4 from the corner at the side's end", {7, -8, 11, 3}, {5, 0, -3, -4, 0, -77212, 11, -6, 9, -3},
+         {5}, {9, -3, 7, -1, 7, -8, 11, -8, 11, -6}, 1},
+        {"crossing 7.7e-5 outside the corner at the side's start", {-3, -8, 0, -4},
+         {4, 6, -3, 11, -11299, -2511, -7, -4, -13055, -26111, -1, -4}, {3}, {-3, -8, -1, -4, -3, -4}, 1},
+        {"edge passing 9.9e-4 outside a corner is no crossing", {9, -6, 12, 3},
+         {13, 1, 44338, 0, 3486, 4648, 14460, 36151, -3, 14, -76087, 47554, -54548, -27274, -6, -10, -5, -12, -1,
+          -5, 0, -54503, 9, 0},
+         {4}, {9, 0, 12, 1, 12, 3, 9, 3}, 1},
+        {"a corner inside a vanished sliver is not the rectangle inside", {-3, 7, 5, 9},
+         {9, 1, 50668, 7238, 6, 2, 0, 6, -1, 2, -12651, 31628, -626, 939, -3, 0, -14, -4, -6, -2, -7, -11}, {}, {}, -1},
+    };
+    for (const auto& r : rows) {
+        const Clipped c = Clip(r.rect[0], r.rect[1], r.rect[2], r.rect[3], r.poly);
+        EXPECT_EQ(c.code, r.code) << r.what;
+        EXPECT_EQ(c.counts, r.counts) << r.what;
+        EXPECT_EQ(c.pts, r.pts) << r.what;
+    }
 }
 
 TEST(ClipPolygonWithRect, RoundsHalvesUp)

@@ -108,11 +108,12 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     RG.BuildFromPoints(R2);
     PolygonGraph G2;
     G2.BuildFromPolygon(pts, n);
-    // 10, with outline edges whose midpoint lies outside dropped as well
+    // 10, keeping outline points that stand for a point of G, with outline
+    // edges whose midpoint lies outside dropped as well
     for (int i = 0; i < RG.PointCount();) {
         double p[2];
         Point(RG, i, p);
-        if (qel::LocatePoint(G2, p[0], p[1]) == -2)
+        if (G.Points().FindPoint(p[0], p[1]) < 0 && qel::LocatePoint(G2, p[0], p[1]) == -2)
             RG.RemoveVertex(p[0], p[1]);
         else
             ++i;
@@ -153,10 +154,12 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
             Point(G2, i, p);
             if (X1 < p[0] && p[0] < X2 && Y1 < p[1] && p[1] < Y2) return -2;
         }
+        // -3 only when no corner lies outside: with every edge gone, a corner
+        // inside a piece too thin to keep says nothing about the others.
         const double corners[8] = {X1, Y1, X2, Y1, X2, Y2, X1, Y2};
         for (int i = 0; i < 4; ++i)
-            if (qel::LocatePoint(G2, corners[2 * i], corners[2 * i + 1]) == -1) return -3;
-        return -1;
+            if (qel::LocatePoint(G2, corners[2 * i], corners[2 * i + 1]) == -2) return -1;
+        return -3;
     }
     // 13
     const int E = G.EdgeCount();
