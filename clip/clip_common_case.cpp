@@ -169,6 +169,9 @@ public:
     {
         const double c[8] = {rect_[0], rect_[1], rect_[2], rect_[1], rect_[2], rect_[3], rect_[0], rect_[3]};
         for (int i = 0; i < 8; ++i) corners_[i] = c[i];
+        const double b[16] = {rect_[0], rect_[2], rect_[1], rect_[1], rect_[2], rect_[2], rect_[1], rect_[3],
+                              rect_[0], rect_[2], rect_[3], rect_[3], rect_[0], rect_[0], rect_[1], rect_[3]};
+        for (int i = 0; i < 16; ++i) box_[i] = b[i];
     }
     int run(const int* pts, int n, int** outPts, int** outCounts);
 
@@ -196,6 +199,8 @@ private:
 
     double rect_[4];
     double corners_[8];
+    double box_[16];                  // per side: x range, y range
+    double c0_ = 0, c1_ = 0;          // PieceMargin < c0 + c1 (dx + dy) / run
     double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0, mag_ = 0, size_ = 0;
     int m_ = 0;                       // distinct vertices, ids 0 .. m - 1
     Buffer<double> xy_;               // vertices, then crossings, then corners
@@ -280,6 +285,9 @@ bool Pass::edges()
 {
     size_ = std::sqrt((maxX_ - minX_) * (maxX_ - minX_) + (maxY_ - minY_) * (maxY_ - minY_));
     const double mu = FarMargin(mag_, size_);
+    const double md = mag_ + size_;
+    c0_ = 1e-3 + 1e-9 * md + 1e-13 * (md + 1.0);
+    c1_ = 1e-6 + 1e-13 * (md + 1.0);
     const double inLoX = rect_[0] + mu, inHiX = rect_[2] - mu, inLoY = rect_[1] + mu, inHiY = rect_[3] - mu;
     for (int e = 0; e < m_; ++e) {
         const int f = (e + 1 == m_) ? 0 : e + 1;
@@ -319,10 +327,13 @@ bool Pass::edges()
         // The merge's box rule for the side pass.
         if (hx < rect_[0] - mu || lx > rect_[2] + mu || hy < rect_[1] - mu || ly > rect_[3] + mu) continue;
         if (lx > inLoX && hx < inHiX && ly > inLoY && hy < inHiY) continue;
+        // FarFromSide's test on the sides' boxes, as the merge evaluates it.
         unsigned char mask = 0;
-        for (int s = 0; s < 4; ++s)
-            if (!FarFromSide(p, q, corners_ + 2 * s, corners_ + 2 * ((s + 1) % 4), mu))
+        for (int s = 0; s < 4; ++s) {
+            const double* box = box_ + 4 * s;
+            if (!(hx < box[0] - mu || lx > box[1] + mu || hy < box[2] - mu || ly > box[3] + mu))
                 mask = static_cast<unsigned char>(mask | (1u << s));
+        }
         if (mask != 0) {
             vx_[static_cast<std::size_t>(e)].sides = mask;
             if (!near_.push(e)) return noMemory();
@@ -344,19 +355,14 @@ bool Pass::farPiece(int s, int a, int b) const
 {
     const double* p = at(a);
     const double* q = at(b);
-    const double* A = corners_ + 2 * s;
-    const double* B = corners_ + 2 * ((s + 1) % 4);
-    const double gap = std::max(std::max(std::min(A[0], B[0]) - std::max(p[0], q[0]),
-                                         std::min(p[0], q[0]) - std::max(A[0], B[0])),
-                                std::max(std::min(A[1], B[1]) - std::max(p[1], q[1]),
-                                         std::min(p[1], q[1]) - std::max(A[1], B[1])));
+    const double* box = box_ + 4 * s;   // the side's x range, then its y range
+    const double gap = std::max(std::max(box[0] - std::max(p[0], q[0]), std::min(p[0], q[0]) - box[1]),
+                                std::max(box[2] - std::max(p[1], q[1]), std::min(p[1], q[1]) - box[3]));
     if (gap <= 1e-3) return false;
     const double dx = std::fabs(p[0] - q[0]), dy = std::fabs(p[1] - q[1]);
     const double run = std::min(dx >= kAxis ? dx : dy, dy >= kAxis ? dy : dx);
-    const double md = mag_ + size_;
-    const double c0 = 1e-3 + 1e-9 * md + 1e-13 * (md + 1.0), c1 = 1e-6 + 1e-13 * (md + 1.0);
-    if (run > 0.0 && gap * run > 1.000001 * (c0 * run + c1 * (dx + dy))) return true;
-    return FarFromSide(p, q, A, B, PieceMargin(p, q, mag_, size_));
+    if (run > 0.0 && gap * run > 1.000001 * (c0_ * run + c1_ * (dx + dy))) return true;
+    return FarFromSide(p, q, corners_ + 2 * s, corners_ + 2 * ((s + 1) % 4), PieceMargin(p, q, mag_, size_));
 }
 
 // The merge's side test of one segment a -> b (point ids) against side s.
