@@ -6,13 +6,19 @@
 // polygon vertex on a side enters the outline, a corner on an edge splits
 // it); vertices outside the rectangle are dropped; the rectangle becomes an
 // outline through its corners and the crossings in walking order; outline
-// points outside the polygon are dropped, and an outline edge whose midpoint
-// lies outside the polygon too, so the outline never bridges a notch; the
-// outline edges join G (an edge G already holds between the same points is
-// not added twice, and one running against the outline cancels); and G's
-// edges are walked into closed chains, first edge first. Contours that come
-// out clockwise are reversed keeping their first point; coordinates are
-// rounded to floor(v + 0.5).
+// points outside the polygon are dropped (not those that stand for a point of
+// G, such as a corner that a crossing merged into), and an outline edge whose
+// midpoint lies outside the polygon too, so the outline never bridges a
+// notch; the outline edges join G (an edge G already holds between the same
+// points is not added twice, and one running against the outline cancels);
+// and G's edges are walked into closed chains, first edge first. All edges
+// run counter-clockwise around the inside, so where several edges remain at
+// a vertex (pieces touching there) the walk leaves by the one turning
+// furthest left, which keeps to the piece it walks; a closed chain of fewer
+// than three points or of zero area is no contour. With no edge left, the
+// rectangle lies inside the polygon only when none of its corners lies
+// outside. Contours that come out clockwise are reversed keeping their first
+// point; coordinates are rounded to floor(v + 0.5).
 //
 // Every decision is that of the plain procedure with linear lists; only the
 // searching is faster:

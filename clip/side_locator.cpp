@@ -5,8 +5,9 @@
 // rounding of line crossings, growing with the magnitude of the coordinates
 // times the figure's size); near-side margins add the reach of PointOnSegment
 // beyond an edge's box (up to 0.002 on its range axis, stretched by the
-// edge's slope) and divide by the smaller of |cos L| and |sin L|, since the
-// ray's range test reads one coordinate of the distance along the ray.
+// edge's slope) and divide by the smaller of |cos L| and |sin L|. The ray
+// crossings themselves are exact sign tests, for which these margins are
+// generous.
 #include "clip/side_locator.h"
 
 #include <algorithm>

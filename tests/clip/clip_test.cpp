@@ -36,20 +36,6 @@ Clipped Clip(int x1, int y1, int x2, int y2, std::vector<int> poly)
     return c;
 }
 
-long TwiceArea(const Clipped& c)
-{
-    long total = 0;
-    std::size_t at = 0;
-    for (int m : c.counts) {
-        for (int j = 0; j < m; ++j) {
-            const std::size_t a = at + static_cast<std::size_t>(j), b = at + static_cast<std::size_t>((j + 1) % m);
-            total += static_cast<long>(c.pts[2 * a] - c.pts[2 * b]) * (c.pts[2 * a + 1] + c.pts[2 * b + 1]);
-        }
-        at += static_cast<std::size_t>(m);
-    }
-    return total;
-}
-
 const std::vector<int> kSquare = {0, 0, 10, 0, 10, 10, 0, 10};
 
 TEST(ClipPolygonWithRect, SquareAgainstRectangles)
@@ -82,74 +68,7 @@ TEST(ClipPolygonWithRect, Triangles)
     EXPECT_EQ(c.pts, std::vector<int>({22, 57, 32, 56, 32, 58, 22, 58}));
 }
 
-TEST(ClipPolygonWithRect, VertexOnASideBecomesAContourVertex)
-{
-    // The apex (5, 0) of the triangle lies on the bottom side.
-    const Clipped c = Clip(0, 0, 10, 10, {5, 0, 12, 6, -2, 6});
-    ASSERT_EQ(c.code, 1);
-    ASSERT_EQ(c.counts.size(), 1u);
-    bool apex = false;
-    for (std::size_t i = 0; i + 1 < c.pts.size(); i += 2) apex = apex || (c.pts[i] == 5 && c.pts[i + 1] == 0);
-    EXPECT_TRUE(apex);
-    for (std::size_t i = 0; i < c.pts.size(); i += 2) {
-        const std::size_t j = (i + 2) % c.pts.size();
-        EXPECT_FALSE(c.pts[i] == c.pts[j] && c.pts[i + 1] == c.pts[j + 1]);   // no zero-length edge
-    }
-}
-
-TEST(ClipPolygonWithRect, EdgeAlongASideEntersTheOutline)
-{
-    // The overlap is [3, 7] x [-25, -21] and [3, 7] x [-21, -16] minus the
-    // polygon's notch: area 16 by exact count.
-    const Clipped c = Clip(3, -25, 7, -13, {8, -16, 8, -21, 3, -21, 3, -16, 1, -16, 1, -25, 19, -25, 19, -16});
-    ASSERT_GE(c.code, 1);
-    EXPECT_EQ(TwiceArea(c), 32);
-}
-
-TEST(ClipPolygonWithRect, CornerOnTheExtensionOfAnEdgeSplicesNoSpike)
-{
-    const Clipped c = Clip(6, 0, 7, 13, {-12, -13, -10, -13, 5, -11, 11, -6, 11, 6, 4, 11, -5, 5});
-    EXPECT_EQ(c.code, 1);
-    EXPECT_GT(TwiceArea(c), 0);
-}
-
-TEST(ClipPolygonWithRect, ProbeRayNearAVertex)
-{
-    const Clipped c = Clip(-13, 2, -8, 7, {-11, 1, -11, 3, -14, 3, -14, 1});
-    ASSERT_EQ(c.code, 1);
-    EXPECT_EQ(c.counts, std::vector<int>({4}));
-    EXPECT_EQ(TwiceArea(c), 2 * 2);
-    for (std::size_t i = 0; i < c.pts.size(); i += 2) {
-        EXPECT_TRUE(c.pts[i] == -13 || c.pts[i] == -11);
-        EXPECT_TRUE(c.pts[i + 1] == 2 || c.pts[i + 1] == 3);
-    }
-}
-
-TEST(ClipPolygonWithRect, NotchAcrossASideIsNotBridged)
-{
-    const Clipped c = Clip(-5, -5, 35, 10, {0, 0, 30, 0, 30, 20, 20, 20, 20, 5, 10, 5, 10, 20, 0, 20});
-    ASSERT_EQ(c.code, 1);
-    EXPECT_EQ(c.counts, std::vector<int>({8}));
-    EXPECT_EQ(c.pts, std::vector<int>({0, 0, 30, 0, 30, 10, 20, 10, 20, 5, 10, 5, 10, 10, 0, 10}));
-}
-
-TEST(ClipPolygonWithRect, EdgeAlongASideIsNotDoubled)
-{
-    const Clipped c = Clip(-7, -7, 3, 3, {-17, -17, 3, -17, 3, 3, -17, 3});
-    ASSERT_EQ(c.code, 1);
-    EXPECT_EQ(c.counts, std::vector<int>({4}));
-    EXPECT_EQ(TwiceArea(c), 200);
-}
-
-TEST(ClipPolygonWithRect, RectangleInsideThePolygon)
-{
-    // A triangle enclosing the rectangle: the outline is the contour.
-    const Clipped c = Clip(-1, -1, 1, 1, {-100, -100, 100, -100, 0, 100});
-    ASSERT_EQ(c.code, 1);
-    EXPECT_EQ(TwiceArea(c), 8);
-}
-
-TEST(ClipPolygonWithRect, TouchingAndNearEdgeInput)
+TEST(ClipPolygonWithRect, TouchingAndNearEdgeCases)
 {
     const struct {
         const char* what;
@@ -157,6 +76,20 @@ TEST(ClipPolygonWithRect, TouchingAndNearEdgeInput)
         std::vector<int> poly, counts, pts;
         int code;
     } rows[] = {
+        {"apex on a side becomes a contour vertex, no zero-length edge", {0, 0, 10, 10}, {5, 0, 12, 6, -2, 6},
+         {5}, {5, 0, 10, 4, 10, 6, 0, 6, 0, 4}, 1},
+        {"edge along a side enters the outline", {3, -25, 7, -13},
+         {8, -16, 8, -21, 3, -21, 3, -16, 1, -16, 1, -25, 19, -25, 19, -16}, {4}, {3, -25, 7, -25, 7, -21, 3, -21}, 1},
+        {"corner on the extension of an edge splices no spike", {6, 0, 7, 13},
+         {-12, -13, -10, -13, 5, -11, 11, -6, 11, 6, 4, 11, -5, 5}, {4}, {7, 9, 6, 10, 6, 0, 7, 0}, 1},
+        {"probe ray near a vertex", {-13, 2, -8, 7}, {-11, 1, -11, 3, -14, 3, -14, 1},
+         {4}, {-11, 3, -13, 3, -13, 2, -11, 2}, 1},
+        {"notch across a side is not bridged", {-5, -5, 35, 10}, {0, 0, 30, 0, 30, 20, 20, 20, 20, 5, 10, 5, 10, 20, 0, 20},
+         {8}, {0, 0, 30, 0, 30, 10, 20, 10, 20, 5, 10, 5, 10, 10, 0, 10}, 1},
+        {"edge along a side is not doubled", {-7, -7, 3, 3}, {-17, -17, 3, -17, 3, 3, -17, 3},
+         {4}, {3, 3, -7, 3, -7, -7, 3, -7}, 1},
+        {"rectangle inside a triangle is the contour", {-1, -1, 1, 1}, {-100, -100, 100, -100, 0, 100},
+         {4}, {-1, -1, 1, -1, 1, 1, -1, 1}, 1},
         {"pieces touching at a vertex on a side stay two", {0, -20, 20, 20}, {0, 0, 4, 2, -4, 6, 4, -10},
          {3, 3}, {4, 2, 0, 4, 0, 0, 4, -10, 0, 0, 0, -2}, 2},
         {"corner 5e-5 from an edge, inside", {0, 0, 10, 10}, {0, 0, 200000, -1, -1000, 1000},
