@@ -25,7 +25,9 @@
 //  - points sit in a grid on the coincidence scale that returns the lowest
 //    coinciding index, as the linear search does;
 //  - the side crossings skip polygon edges whose box lies farther from the
-//    side than any rounding can bridge;
+//    side than any rounding can bridge (clip_margins.h);
+//  - the input's own points are kept by the closed rectangle, which is what
+//    locating them gives for integer coordinates below 2^24;
 //  - an outline point is first tried against the polygon edge it came from;
 //    a full location counts probe-ray crossings only over edges that reach
 //    the ray's line within a margin;
@@ -35,7 +37,10 @@
 //  - the chain walk finds the first remaining edge at a vertex through
 //    per-vertex lists in edge order.
 // The margins grow with the coordinates' magnitude and the polygon's size,
-// so that a skipped test could not have come out otherwise.
+// so that a skipped test could not have come out otherwise. Input where
+// nothing sits near anything else does not come here: a linear pass gives
+// the same bits (clip_common_case.cpp), and the output stage both share is
+// WriteContours.
 //
 // Results: k >= 1 contours (outPts and outCounts written, owned by the
 // caller, freed with mem_free); -1 nothing inside, no closed contour, bad
