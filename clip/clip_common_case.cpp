@@ -351,7 +351,7 @@ bool Pass::edges()
 // Whether the merge skips piece a -> b on side s. Most pieces lie far beyond
 // any margin: a bound on PieceMargin without its root and quotient tells
 // (margin < c0 + c1 (dx + dy) / run); the rest take the merge's own test.
-bool Pass::farPiece(int s, int a, int b) const
+inline bool Pass::farPiece(int s, int a, int b) const
 {
     const double* p = at(a);
     const double* q = at(b);
