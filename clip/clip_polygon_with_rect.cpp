@@ -25,7 +25,9 @@
 //  - points sit in a grid on the coincidence scale that returns the lowest
 //    coinciding index, as the linear search does;
 //  - the side crossings skip polygon edges whose box lies farther from the
-//    side than any rounding can bridge;
+//    side than any rounding can bridge (clip_margins.h);
+//  - the input's own points are kept by the closed rectangle, which is what
+//    locating them gives for integer coordinates below 2^24;
 //  - an outline point is first tried against the polygon edge it came from;
 //    a full location counts probe-ray crossings only over edges that reach
 //    the ray's line within a margin;
@@ -35,7 +37,10 @@
 //  - the chain walk finds the first remaining edge at a vertex through
 //    per-vertex lists in edge order.
 // The margins grow with the coordinates' magnitude and the polygon's size,
-// so that a skipped test could not have come out otherwise.
+// so that a skipped test could not have come out otherwise. Input where
+// nothing sits near anything else does not come here: a linear pass gives
+// the same bits (clip_common_case.cpp), and the output stage both share is
+// WriteContours.
 //
 // Results: k >= 1 contours (outPts and outCounts written, owned by the
 // caller, freed with mem_free); -1 nothing inside, no closed contour, bad
@@ -46,9 +51,12 @@
 #include <cmath>
 
 #include "QELMath.h"
+#include "clip/clip_common_case.h"
+#include "clip/clip_graph_merge.h"
+#include "clip/clip_margins.h"
 #include "clip/clip_predicates.h"
 #include "clip/clip_work.h"
-#include "clip/contour.h"
+#include "clip/write_contours.h"
 #include "clip/side_locator.h"
 
 namespace {
@@ -132,32 +140,6 @@ double MaxAbs(double a, double b, double c, double d)
     return m;
 }
 
-// Margin beyond which a segment's box cannot meet a line of the clipper in
-// any predicate: the coincidence radius, the line band over the longest edge,
-// and the rounding of line crossings, which grows with the magnitude M of the
-// coordinates times the size D of the figure (D also bounds 1/sin of the
-// slope of an integer edge).
-double FarMargin(double m, double d)
-{
-    return 1e-3 + 1e-6 * d + 1e-9 * (m + d) + 1e-13 * (m + d + 1.0) * (d + 1.0);
-}
-
-// FarMargin for a segment with fractional ends: the bound 1/sin <= D of an
-// integer edge's slope becomes r, its length over the smaller of its extents
-// on the axes the range tests read (a segment of length 0 takes part in no
-// test off its point).
-double PieceMargin(const double* p, const double* q, double m, double d)
-{
-    const double dx = std::fabs(p[0] - q[0]), dy = std::fabs(p[1] - q[1]);
-    const double len = std::sqrt(dx * dx + dy * dy);
-    if (len == 0.0) return 1e-3 + 1e-9 * (m + d);
-    const double onSegment = dx >= qel::kAxis ? dx : dy;    // PointOnSegment's axis
-    const double crossing = dy >= qel::kAxis ? dy : dx;     // IntersectSegments' axis
-    const double run = onSegment < crossing ? onSegment : crossing;
-    const double r = len / run;
-    return 1e-3 + 1e-6 * r + 1e-9 * (m + d) + 1e-13 * (m + d + 1.0) * (r + 1.0);
-}
-
 // LocatePoint on a graph whose probe frame is known, every edge evaluated.
 int LocateExact(const Graph& g, const qel::ProbeFrame& f, double x, double y)
 {
@@ -191,7 +173,7 @@ struct PolygonLocator {
         double m = frameAbs;
         if (std::fabs(x) > m) m = std::fabs(x);
         if (std::fabs(y) > m) m = std::fabs(y);
-        const double mu = FarMargin(m, f.length);
+        const double mu = qel::FarMargin(m, f.length);
         unsigned crossings = 0;
         const int* ends = g->ends.data();
         for (int k = 0; k < g->edge_count(); ++k) {
@@ -288,7 +270,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     double mag = MaxAbs(gb.minX, gb.minY, gb.maxX, gb.maxY);
     const double rmag = MaxAbs(rx1, ry1, rx2, ry2);
     if (rmag > mag) mag = rmag;
-    const double mu = FarMargin(mag, size);
+    const double mu = qel::FarMargin(mag, size);
 
     auto split = [&](int e, int k) {
         const std::size_t ue = static_cast<std::size_t>(e);
@@ -324,28 +306,17 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     for (int s = 0; s < 4; ++s) {
         const double a[2] = {corners[2 * s], corners[2 * s + 1]};
         const double b[2] = {corners[2 * ((s + 1) % 4)], corners[2 * ((s + 1) % 4) + 1]};
-        const double a0x = a[0] < b[0] ? a[0] : b[0], a1x = a[0] < b[0] ? b[0] : a[0];
-        const double a0y = a[1] < b[1] ? a[1] : b[1], a1y = a[1] < b[1] ? b[1] : a[1];
-        const double loX = a0x - mu, hiX = a1x + mu, loY = a0y - mu, hiY = a1y + mu;
         const int c = g.edge_count();
         for (int e = 0; e < c; ++e) {
             const std::size_t ue = static_cast<std::size_t>(e);
             const double* pp = g.pts.at(g.ends[2 * ue]);
             const double* qq = g.pts.at(g.ends[2 * ue + 1]);
-            if (intact[ue]) {
-                if ((pp[0] < loX && qq[0] < loX) || (pp[0] > hiX && qq[0] > hiX) ||
-                    (pp[1] < loY && qq[1] < loY) || (pp[1] > hiY && qq[1] > hiY))
-                    continue;
-            } else {
-                // A piece of a split edge has fractional ends and may be
-                // short, so its slope is not bounded by the figure's size:
-                // its margin grows with its own length over its extent on
-                // the range axes of the tests.
-                const double m = PieceMargin(pp, qq, mag, size);
-                if ((pp[0] < a0x - m && qq[0] < a0x - m) || (pp[0] > a1x + m && qq[0] > a1x + m) ||
-                    (pp[1] < a0y - m && qq[1] < a0y - m) || (pp[1] > a1y + m && qq[1] > a1y + m))
-                    continue;
-            }
+            // A piece of a split edge has fractional ends and may be short,
+            // so its slope is not bounded by the figure's size: its margin
+            // grows with its own length over its extent on the range axes of
+            // the tests.
+            const double margin = intact[ue] ? mu : qel::PieceMargin(pp, qq, mag, size);
+            if (qel::FarFromSide(pp, qq, a, b, margin)) continue;
             const double p[2] = {pp[0], pp[1]};
             const double q[2] = {qq[0], qq[1]};
             double x[2];
@@ -371,9 +342,17 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         qel::MakeProbeFrame(b.minX, b.minY, b.maxX, b.maxY, &rf);
         Buffer<unsigned char> keep;
         if (!keep.resize(static_cast<std::size_t>(g.pts.count()))) return kFail;
+        // The input's own points come first in g. Against the integer
+        // corners an integer point's probe count is exact, and below 2^24 so
+        // is the band test's t (off a side's line t is at least the side's
+        // length; on it, beyond the side's end, the range test fails): such a
+        // point is kept exactly when it lies in the closed rectangle.
+        const int exact = mag <= 16777216.0 ? g2.points() : 0;
         for (int i = 0; i < g.pts.count(); ++i) {
             const double* p = g.pts.at(i);
-            keep[static_cast<std::size_t>(i)] = LocateExact(rg, rf, p[0], p[1]) != -2;
+            keep[static_cast<std::size_t>(i)] =
+                i < exact ? (rx1 <= p[0] && p[0] <= rx2 && ry1 <= p[1] && p[1] <= ry2)
+                          : LocateExact(rg, rf, p[0], p[1]) != -2;
         }
         if (!DropPoints(g, keep.data(), r.count())) return kFail;
     }
@@ -604,13 +583,9 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const int nv = (ea[static_cast<std::size_t>(f)] == c) ? eb[static_cast<std::size_t>(f)]
                                                                   : ea[static_cast<std::size_t>(f)];
             if (nv == s) {
-                // Fewer than three points or no area is no contour.
-                const int len = static_cast<int>(chain.size() - start);
-                const int* ids = chain.data() + start;
-                if (len < 3 || qel::ContourShoelace(len, [&](int j) { return g.pts.at(ids[j]); }) == 0.0)
-                    chain.truncate(start);
-                else if (!contourEnd.push(static_cast<int>(chain.size())))
-                    return kFail;
+                // A chain of fewer than three points or without area is
+                // dropped by the output stage.
+                if (!contourEnd.push(static_cast<int>(chain.size()))) return kFail;
                 break;
             }
             if (seen[static_cast<std::size_t>(nv)] != stamp) {
@@ -623,43 +598,31 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
     }
 
     // 15, 16: the contours, counter-clockwise, rounded.
-    const int k = static_cast<int>(contourEnd.size());
-    if (k == 0) return -1;
-    const std::size_t total = contourEnd.size() == 0 ? 0 : static_cast<std::size_t>(contourEnd[contourEnd.size() - 1]);
-    if (total > (UINT32_MAX / (2 * sizeof(int)))) return kFail;
-    int* counts = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(static_cast<std::size_t>(k) * sizeof(int))));
-    if (counts == nullptr) return kFail;
-    int* out = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(2 * total * sizeof(int))));
-    if (out == nullptr) {
-        mem_free(counts);
-        return kFail;
-    }
-    std::size_t w = 0, from = 0;
-    for (int i = 0; i < k; ++i) {
-        const std::size_t to = static_cast<std::size_t>(contourEnd[static_cast<std::size_t>(i)]);
-        const int len = static_cast<int>(to - from);
-        const int* ids = chain.data() + from;
-        const double area = qel::ContourShoelace(len, [&](int j) { return g.pts.at(ids[j]); });
-        for (int j = 0; j < len; ++j) {
-            const int at = (area < 0.0 && j > 0) ? len - j : j;
-            const double* p = g.pts.at(ids[at]);
-            out[w++] = qel::RoundCoordinate(p[0]);
-            out[w++] = qel::RoundCoordinate(p[1]);
-        }
-        counts[i] = len;
-        from = to;
-    }
-    *outPts = out;
-    *outCounts = counts;
-    return k;
+    return qel::WriteContours(g.pts.coords(), chain.data(), contourEnd.data(), static_cast<int>(contourEnd.size()),
+                              outPts, outCounts);
 }
 
 }  // namespace
 
-QELMATH_API int ClipPolygonWithRect(int x1, int y1, int x2, int y2, int* pts, int n, int** outPts,
-                                    int** outCounts)
+namespace qel {
+
+int ClipByGraphMerge(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, int** outCounts)
 {
     if (n <= 0 || x1 >= x2 || y1 >= y2) return -1;
     const int k = Clip(x1, y1, x2, y2, pts, n, outPts, outCounts);
     return k == kFail ? -1 : k;
+}
+
+}  // namespace qel
+
+// Input where nothing sits near anything else takes the linear pass, which
+// gives the merge's bits; the rest, and whatever the pass cannot vouch for,
+// takes the merge.
+QELMATH_API int ClipPolygonWithRect(int x1, int y1, int x2, int y2, int* pts, int n, int** outPts,
+                                    int** outCounts)
+{
+    if (n <= 0 || x1 >= x2 || y1 >= y2) return -1;
+    const int common = qel::ClipCommonCase(x1, y1, x2, y2, pts, n, outPts, outCounts);
+    if (common != qel::kNotCommonCase) return common;
+    return qel::ClipByGraphMerge(x1, y1, x2, y2, pts, n, outPts, outCounts);
 }

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "QELMath.h"
+#include "clip/clip_common_case.h"
+#include "clip/clip_graph_merge.h"
 #include "clip/plain_clip.h"
 #include "clip/random_polygons.h"
 #include "support/test_allocator.h"
@@ -41,6 +43,8 @@ Result Run(F clip, const clipcases::Case& c)
 
 Result Fast(const clipcases::Case& c) { return Run(ClipPolygonWithRect, c); }
 Result Plain(const clipcases::Case& c) { return Run(plainclip::ClipPolygonWithRect, c); }
+Result CommonCase(const clipcases::Case& c) { return Run(qel::ClipCommonCase, c); }
+Result Merge(const clipcases::Case& c) { return Run(qel::ClipByGraphMerge, c); }
 
 std::string Describe(const clipcases::Case& c)
 {
@@ -154,6 +158,78 @@ TEST(ClipEquivalence, LargeCoordinates)
         if (HasFatalFailure()) return;
     }
     EXPECT_GE(g_clipped, 100);
+}
+
+// The linear pass either declines or gives the graph merge's bits: true when
+// it took the case.
+bool PassAgrees(const clipcases::Case& c)
+{
+    testalloc::Scope scope;
+    const Result f = CommonCase(c);
+    EXPECT_EQ(scope.leaked(), 0u);
+    if (f.code == qel::kNotCommonCase) return false;
+    EXPECT_TRUE(f == Merge(c)) << Describe(c) << "\npass code " << f.code;
+    return true;
+}
+
+TEST(ClipCommonCase, TakesCleanInputWithTheMergesBits)
+{
+    // Stars and orthogonal polygons of moderate size, in and around the
+    // rectangle, some far from the origin: mostly the common case.
+    std::mt19937 rng(2026);
+    int taken = 0;
+    for (int i = 0; i < 600; ++i) {
+        clipcases::Case c;
+        const double far = (i % 3 == 0) ? 3.0e6 : 0.0, scale = (i % 2) ? 1.0e4 : 300.0;
+        c.pts = (i % 5 == 4) ? clipcases::Orthogonal(rng, 2 + static_cast<int>(rng() % 10), 40)
+                             : clipcases::Star(rng, 3 + static_cast<int>(rng() % 60), 0.3 * scale, scale, far, -far);
+        clipcases::Disturb(rng, c.pts);
+        const int lo = (i % 5 == 4) ? -20 : static_cast<int>(-0.8 * scale), hi = -lo;
+        clipcases::Rectangle(rng, lo, hi, c);
+        if (i % 5 != 4) {
+            c.x1 += static_cast<int>(far);
+            c.x2 += static_cast<int>(far);
+            c.y1 -= static_cast<int>(far);
+            c.y2 -= static_cast<int>(far);
+        }
+        taken += PassAgrees(c) ? 1 : 0;
+        if (HasFailure()) return;
+    }
+    EXPECT_GE(taken, 400);
+}
+
+TEST(ClipCommonCase, DeclinesAtItsBoundsAndAgreesJustInside)
+{
+    // Each row is a case at one of the pass's bounds and whether the pass
+    // takes it; the taken ones must give the merge's bits.
+    struct Row {
+        const char* what;
+        clipcases::Case c;
+        bool taken;
+    };
+    const std::vector<Row> rows = {
+        {"vertex on a side's line", {0, 0, 10, 10, {-5, 5, 5, 10, 15, 5, 5, -5}}, false},
+        {"vertex one off a side's line", {0, 0, 10, 10, {-5, 5, 5, 9, 16, 5, 6, -5}}, true},
+        {"vertices on sides' lines far beyond their ends", {0, 0, 10, 10, {-5, 5, 4, 15, 30, 20, 40, 10, 30, 0, 6, -5}}, true},
+        {"vertex on a side's line, an edge from it tried on the side", {0, 0, 10, 10, {-5, 5, 20, 10, 16, 5, 6, -5}}, false},
+        {"vertex on a corner", {0, 0, 10, 10, {-5, 5, 10, 10, 16, 5, 6, -5}}, false},
+        {"edge through a corner", {0, 0, 10, 10, {-5, -5, 5, 5, 15, -5}}, false},
+        {"corner 2.4e-3 from an edge", {0, 0, 10, 10, {-301, 302, 299, -300, 200, 201}}, true},
+        {"corner 2.4e-3 from an edge that cuts it off", {0, 0, 10, 10, {-299, -300, 301, 302, 200, -300}}, true},
+        {"corner 1.7e-3 from an edge", {0, 0, 10, 10, {-421, 422, 419, -420, 200, 201}}, false},
+        {"spike crossing a side twice 1.0e-3 apart", {0, 0, 1000, 1000, {500, 500, 3, -500000, 4, -500000}}, false},
+        {"spike crossing a side twice 1.2e-3 apart", {0, 0, 1000, 1000, {500, 500, 3, -400000, 4, -400000}}, true},
+        {"polygon touching itself inside", {0, 0, 10, 10, {-5, 2, 5, 5, -5, 8, 15, 8, 5, 5, 15, 2}}, false},
+        {"polygon touching itself outside", {0, 0, 10, 10, {-5, 2, 20, 5, -5, 8, 15, 8, 20, 5, 15, 2}}, true},
+        {"coordinates at 2^24", {16777206, 0, 16777215, 10, {16777200, 5, 16777216, -5, 16777216, 15}}, true},
+        {"coordinates beyond 2^24", {16777207, 0, 16777216, 10, {16777201, 5, 16777217, -5, 16777217, 15}}, false},
+        {"rectangle inside, no crossing", {0, 0, 10, 10, {-50, -50, 50, -50, 3, 50}}, true},
+        {"repeated and closing points", {0, 0, 10, 10, {-5, 5, -5, 5, 5, 16, 15, 5, 6, -5, -5, 5}}, true},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(PassAgrees(row.c), row.taken) << row.what;
+        ExpectSame(row.c);
+    }
 }
 
 // The results of a corpus kept apart from every tie, digested: a change of

@@ -6,18 +6,29 @@
 #include <vector>
 
 #include "QELMath.h"
+#include "clip/clip_common_case.h"
+#include "clip/clip_graph_merge.h"
 #include "clip/plain_clip.h"
 #include "clip/random_polygons.h"
 
 namespace {
 
-bool Same(const clipcases::Case& c, clipcases::Fnv* digest = nullptr)
+using Clipper = int (*)(int, int, int, int, const int*, int, int**, int**);
+
+int Dispatched(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, int** outCounts)
+{
+    return ClipPolygonWithRect(x1, y1, x2, y2, const_cast<int*>(pts), n, outPts, outCounts);
+}
+
+bool Same(const clipcases::Case& c, clipcases::Fnv* digest = nullptr, Clipper fast = Dispatched,
+          Clipper slow = plainclip::ClipPolygonWithRect)
 {
     int *fp = nullptr, *fc = nullptr, *pp = nullptr, *pc = nullptr;
     const int n = static_cast<int>(c.pts.size() / 2);
-    int* pts = const_cast<int*>(c.pts.data());
-    const int f = ClipPolygonWithRect(c.x1, c.y1, c.x2, c.y2, pts, n, &fp, &fc);
-    const int p = plainclip::ClipPolygonWithRect(c.x1, c.y1, c.x2, c.y2, pts, n, &pp, &pc);
+    const int* pts = c.pts.data();
+    const int f = fast(c.x1, c.y1, c.x2, c.y2, pts, n, &fp, &fc);
+    if (f == qel::kNotCommonCase) return true;
+    const int p = slow(c.x1, c.y1, c.x2, c.y2, pts, n, &pp, &pc);
     bool same = f == p;
     if (same && f > 0) {
         int m = 0;
@@ -78,6 +89,46 @@ TEST(ClipEquivalenceLong, HundredThousandRandomPolygons)
         if (!Same(c)) ++differing;
     }
     EXPECT_EQ(differing, 0);
+}
+
+TEST(ClipEquivalenceLong, LinearPassGivesTheMergesBitsOnAMillionPolygons)
+{
+    // Small polygons on and around the sides (the pass's bounds are met
+    // often), large stars near the origin and far from it.
+    std::mt19937 rng(2);
+    int differing = 0, taken = 0;
+    for (int i = 0; i < 1000000; ++i) {
+        clipcases::Case c;
+        const int kind = i % 5;
+        if (kind == 0) {
+            c.pts = clipcases::Star(rng, 3 + static_cast<int>(rng() % 30), 3.0, 15.0, 0.0, 0.0);
+            clipcases::Rectangle(rng, -18, 18, c);
+        } else if (kind == 1) {
+            c.pts = clipcases::Orthogonal(rng, 2 + static_cast<int>(rng() % 10), 10);
+            clipcases::Rectangle(rng, -14, 14, c);
+        } else {
+            const double scale = kind == 2 ? 200.0 : 1.0e6, far = kind == 4 ? 1.5e7 : 0.0;
+            c.pts = clipcases::Star(rng, 3 + static_cast<int>(rng() % 200), 0.3 * scale, scale, far, far);
+            clipcases::Rectangle(rng, static_cast<int>(-0.8 * scale), static_cast<int>(0.8 * scale), c);
+            c.x1 += static_cast<int>(far);
+            c.x2 += static_cast<int>(far);
+            c.y1 += static_cast<int>(far);
+            c.y2 += static_cast<int>(far);
+        }
+        if (i % 3 == 0) clipcases::Disturb(rng, c.pts);
+        int* p = nullptr;
+        int* q = nullptr;
+        const int n = static_cast<int>(c.pts.size() / 2);
+        const int k = qel::ClipCommonCase(c.x1, c.y1, c.x2, c.y2, c.pts.data(), n, &p, &q);
+        if (k > 0) {
+            mem_free(p);
+            mem_free(q);
+        }
+        taken += k != qel::kNotCommonCase ? 1 : 0;
+        if (!Same(c, nullptr, qel::ClipCommonCase, qel::ClipByGraphMerge)) ++differing;
+    }
+    EXPECT_EQ(differing, 0);
+    EXPECT_GE(taken, 500000);
 }
 
 TEST(ClipEquivalenceLong, ResultsAwayFromTiesDoNotMove)
