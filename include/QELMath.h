@@ -21,6 +21,14 @@
 #ifndef QELMATH_H
 #define QELMATH_H
 
+/* The library's version, semantic: the major number changes with any
+ * incompatible change of a declaration, the shared library's name with it.
+ * Macros only, nothing is exported for them; the build reads its version
+ * from here. */
+#define QELMATH_VERSION_MAJOR 1
+#define QELMATH_VERSION_MINOR 1
+#define QELMATH_VERSION_PATCH 0
+
 #include <cstdint>
 
 #include "QELMemory.h"
