@@ -218,6 +218,14 @@ QELMATH_API double math_Polynomial(double* k, int n, double x);
  * nothing.
  * ------------------------------------------------------------------------- */
 
+/* Result codes of the solvers and inversions, by name. The elimination
+ * solvers and mt_Inv* give QEL_SOLVED or QEL_SINGULAR (a failed scratch
+ * request gives QEL_SINGULAR too); the band and tridiagonal solvers give
+ * QEL_SOLVED_BAND or QEL_SINGULAR; linear_GaussSeidel gives a
+ * QELIterationResult. The functions return int, as declared. */
+enum QELSolveResult { QEL_SINGULAR = 0, QEL_SOLVED = 1, QEL_SOLVED_BAND = 2 };
+enum QELIterationResult { QEL_NOT_DOMINANT = -1, QEL_NO_CONVERGENCE = 0, QEL_CONVERGED = 1 };
+
 /* n x n real system by Gaussian elimination with full pivoting; b receives x.
  * 1 solved; 0 singular, or the scratch request (4n bytes through mem_malloc)
  * failed, in which case a and b are untouched. n = 0 returns 1. */
@@ -335,6 +343,20 @@ QELMATH_API int mt_Inv4(double* a);
  * Plane and space geometry
  * ------------------------------------------------------------------------- */
 
+/* Result codes of the geometry classifiers, by name (the functions return
+ * int): where PointIsOnLine finds p, why Bulge2Arc and ThreePoints2Arc give
+ * no arc, and on which side of a circle or triangle a point lies. */
+enum QELLinePosition {
+    QEL_LINE_DEGENERATE = -3, QEL_BEYOND_B = -2, QEL_BEYOND_A = -1, QEL_ON_SEGMENT = 0,
+    QEL_AT_A = 1, QEL_AT_B = 2, QEL_OFF_LINE = 3
+};
+enum QELBulgeArcResult {
+    QEL_BULGE_ARC_DONE = 0, QEL_BULGE_ZERO = 1, QEL_BULGE_ENDS_COINCIDE = -1, QEL_BULGE_HEIGHTS_DIFFER = -2
+};
+enum QELThreePointArcResult { QEL_ARC_DONE = 0, QEL_ARC_DEGENERATE = -1, QEL_ARC_DIAMETER_CIRCLE = -2 };
+enum QELCircleSide { QEL_ON_CIRCLE = 0, QEL_OUTSIDE_CIRCLE = -1, QEL_INSIDE_CIRCLE = -2 };
+enum QELTriangleSide { QEL_OUTSIDE_TRIANGLE = -1, QEL_AT_VERTEX = 0, QEL_INSIDE_TRIANGLE = 1 };
+
 /* Classifies p against the line through a and b, in space: 1 p is a, 2 p is b
  * (point tolerance), -3 a and b coincide, 0 on the segment, -1 beyond a,
  * -2 beyond b (triangle-inequality defect of the distances within the double
@@ -397,6 +419,10 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
 /* ---------------------------------------------------------------------------
  * Polygon clipping
  * ------------------------------------------------------------------------- */
+
+/* ClipPolygonWithRect's result when no contour comes out (otherwise it
+ * returns the number of contours, at least 1). */
+enum QELClipResult { QEL_CLIP_NOTHING = -1 };
 
 /* Clips the integer polygon pts (n x, y pairs, implicitly closed) against the
  * rectangle [x1, x2] x [y1, y2].
