@@ -14,17 +14,30 @@
 namespace clipcases {
 
 // Draws of their own rather than std::uniform_*_distribution, whose outputs
-// differ between standard libraries (libstdc++, libc++): the corpora, and the
-// digests pinned over them, are then the same on every platform.
+// differ between standard libraries (libstdc++, libc++), so that the corpora,
+// and the digests pinned over them, are the same on every platform. They
+// give what GCC's library gives, so the corpora stayed as they were: an
+// integer by Lemire's nearly divisionless method, a real from two 32-bit
+// draws scaled by 2^-64.
 inline int Draw(std::mt19937& rng, int lo, int hi)
 {
     const std::uint32_t span = static_cast<std::uint32_t>(hi - lo) + 1u;
-    return lo + static_cast<int>(static_cast<std::uint32_t>(rng()) % span);
+    std::uint64_t product = static_cast<std::uint64_t>(rng()) * span;
+    if (static_cast<std::uint32_t>(product) < span) {
+        const std::uint32_t threshold = (0u - span) % span;
+        while (static_cast<std::uint32_t>(product) < threshold)
+            product = static_cast<std::uint64_t>(rng()) * span;
+    }
+    return lo + static_cast<int>(product >> 32);
 }
 
 inline double Draw(std::mt19937& rng, double lo, double hi)
 {
-    return lo + (hi - lo) * (static_cast<double>(static_cast<std::uint32_t>(rng())) / 4294967296.0);
+    const double low = static_cast<double>(rng());
+    const double high = static_cast<double>(rng());
+    double u = (low + high * 4294967296.0) / 18446744073709551616.0;
+    if (u >= 1.0) u = std::nextafter(1.0, 0.0);
+    return u * (hi - lo) + lo;
 }
 
 struct Case {
