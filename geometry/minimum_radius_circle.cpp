@@ -164,6 +164,21 @@ inline bool near_vertex(double ux, double uy, double tol)
 // never again make a triangle, and points within the tolerance of p only
 // make triangles that give 0, so neither counts; an exact duplicate of p
 // spoils it.
+//
+// The cone runs counter-clockwise from a to b, opening theta < pi. The two
+// cross products, each allowed -1e-13 |.|_1 |.|_1 for rounding, accept u at
+// an angle phi from a with sin(phi) >= -d and sin(theta - phi) >= -d
+// (d <= 2e-13 after the norms' ratio): phi in [-d, theta + d], the cone and
+// its rim, but also phi in [theta + pi - d, pi + d], the rim of the opposite
+// cone, which is not empty once theta <= 2d. Such a cone is what a point sees
+// whose neighbours lie almost straight behind one another, as on a line
+// through p at coordinates far beyond the distances across it (points at
+// 2^76 and 2^76 - 2^23 beside one at 2^28): p then lies between them, on the
+// edge of a later triangle, and must be tested. The dot products tell the two
+// apart: in the cone max(cos(phi), cos(theta - phi)) >= cos(theta / 2)
+// >= sin(5e-10), a million times the dot's rounding of 2^-52 |.|_1 |.|_1, so no
+// point of the cone is refused; on the opposite rim both cosines are below
+// -cos(3d) and both dots are negative.
 bool cone_is_safe(const double* pts, int n, const std::int32_t* flag, double tol, int p, int q,
                   int r)
 {
@@ -193,6 +208,7 @@ bool cone_is_safe(const double* pts, int n, const std::int32_t* flag, double tol
         if (!bound_usable(b1) || !bound_usable(b2)) return false;
         if (!(cross(ax, ay, ux, uy) >= -1e-13 * b1)) return false;
         if (!(cross(ux, uy, bx, by) >= -1e-13 * b2)) return false;
+        if (!(ax * ux + ay * uy > 0) && !(ux * bx + uy * by > 0)) return false;
     }
     return true;
 }

@@ -17,14 +17,17 @@ endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix} --config ${CONFIG})
 
-# Nothing but the scratch prefix may satisfy the searches.
-set(ENV{PKG_CONFIG_PATH} "")
-set(ENV{PKG_CONFIG_LIBDIR} "${prefix}/lib/pkgconfig:${prefix}/lib64/pkgconfig:${prefix}/share/pkgconfig")
+# What the README tells a user to set for pkg-config, and nothing else: the
+# system's own search folders are replaced by an empty one, so that only the
+# scratch prefix can satisfy the search.
+set(pcdir "")
 foreach(libdir lib lib64 lib/x86_64-linux-gnu lib/i386-linux-gnu)
     if(EXISTS ${prefix}/${libdir}/pkgconfig)
-        set(ENV{PKG_CONFIG_LIBDIR} "${prefix}/${libdir}/pkgconfig")
+        set(pcdir ${prefix}/${libdir}/pkgconfig)
     endif()
 endforeach()
+set(ENV{PKG_CONFIG_PATH} "${pcdir}")
+set(ENV{PKG_CONFIG_LIBDIR} "${WORK_DIR}/no-system-pkgconfig")
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G ${GENERATOR}
     -DCMAKE_BUILD_TYPE=${CONFIG} -DCMAKE_CXX_COMPILER=${CXX}
     "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}" "-DCMAKE_EXE_LINKER_FLAGS=${LINKER_FLAGS}"
@@ -32,8 +35,9 @@ run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G ${GENERATOR}
     -DPKG_CONFIG_EXECUTABLE=${PKG_CONFIG})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 
-# The installed libraries carry no run path of the build tree.
-set(ENV{LD_LIBRARY_PATH} "${prefix}/lib:$ENV{LD_LIBRARY_PATH}")
+# No library path: the programs find libQELMath by their run path, and
+# libQELMath finds libQELMemory beside it.
+unset(ENV{LD_LIBRARY_PATH})
 foreach(program consumer_cmake consumer_pkgconfig)
     run(${WORK_DIR}/build/${program})
 endforeach()

@@ -237,6 +237,22 @@ TEST(EnclosingCircle, MatchesPlainSearchAtExtremeScales)
             EXPECT_TRUE(agrees(on_circle(g, 12, scale, false))) << scale;
         }
     }
+    // Points on a line far beyond the spread across it: a point between two
+    // others there sees them almost straight behind one another.
+    const struct {
+        Points pts;
+        double radius;
+    } collinear[] = {
+        {{0, 0x1p76, 0, 30, 0, 0x1p76 - 0x1p23, 218600626, -672783360, 0, 0}, 0x1p75},
+        {{0, 0x1p55, 0, 0, 5.0000000000000036, 16, 0, 0x1p55 - 4}, 0x1.ffffffffffffcp+53},
+    };
+    for (const auto& row : collinear) {
+        EXPECT_TRUE(agrees(row.pts));
+        Points p = row.pts;
+        double c[2], r = -1;
+        MinimumRadiusCircleFromPoints(p.data(), static_cast<int>(p.size() / 2), c, &r);
+        EXPECT_EQ(r, row.radius);
+    }
     Points odd = disc(g, 10, 1.0);
     odd[4] = std::nan("");
     EXPECT_TRUE(agrees(odd));
