@@ -3,7 +3,8 @@
 // The library ships built for baseline x86-64 (SSE2). Hot kernels carry
 // AVX2 and AVX-512 variants compiled with target attributes and pick one at
 // run time. No variant uses FMA, so the choice never changes a result's bits,
-// only its speed.
+// only its speed. Other CPUs stay at kBaseline: AArch64 builds use NEON
+// throughout (every ARMv8-A CPU has it), anything else plain loops.
 #ifndef QELMATH_FOUNDATION_CPU_H
 #define QELMATH_FOUNDATION_CPU_H
 

@@ -141,6 +141,8 @@ const RowKernels& row_kernels()
     case SimdLevel::kBaseline: break;
     }
     return kRowKernelsSse2;
+#elif defined(QELMATH_ROWOPS_NEON)
+    return kRowKernelsNeon;
 #else
     return kRowKernelsPortable;
 #endif

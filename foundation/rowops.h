@@ -2,11 +2,11 @@
 // inversions.
 //
 // Each element's operations are exactly those of the scalar loop, so results
-// are the same bits whatever vector unit runs them (no FMA anywhere). Every
-// kernel comes in a baseline (SSE2 on x86, plain C++ elsewhere), an AVX2 and
-// an AVX-512 variant; the free functions pick one through qel::simd_level()
-// on each call, and row_kernels() hands out the whole set at once for a
-// solver that calls them many times.
+// are the same bits whatever vector unit runs them (no FMA anywhere). On x86
+// every kernel comes in an SSE2, an AVX2 and an AVX-512 variant, and the free
+// functions pick one through qel::simd_level() on each call; AArch64 always
+// runs the NEON variant, and any other CPU the plain C++ loops. row_kernels()
+// hands out the whole set at once for a solver that calls them many times.
 //
 // Searches return the first index (in increasing order) whose magnitude is
 // greatest, as a scan that only replaces its best on a strictly greater

@@ -6,6 +6,8 @@
 
 #if defined(__x86_64__) || defined(__i386__) || defined(_M_X64) || defined(_M_IX86)
 #define QELMATH_ROWOPS_X86 1
+#elif defined(__aarch64__) && defined(__ARM_NEON)
+#define QELMATH_ROWOPS_NEON 1
 #endif
 
 namespace qel {
@@ -17,6 +19,10 @@ extern const RowKernels kRowKernelsPortable;
 extern const RowKernels kRowKernelsSse2;
 extern const RowKernels kRowKernelsAvx2;
 extern const RowKernels kRowKernelsAvx512;
+#endif
+
+#ifdef QELMATH_ROWOPS_NEON
+extern const RowKernels kRowKernelsNeon;
 #endif
 
 }  // namespace qel

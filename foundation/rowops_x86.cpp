@@ -1,5 +1,5 @@
 // The x86 row kernels: SSE2 (the baseline every x86-64 CPU has), AVX2 and
-// AVX-512, each compiled from the one body in rowops_x86.inc with target
+// AVX-512, each compiled from the one body in rowops_simd.inc with target
 // attributes, so that the library itself stays built for the baseline and
 // picks the widest variant at run time. FMA is never enabled: a fused
 // multiply-add would round once where the plain loop rounds twice.
@@ -43,7 +43,7 @@ __attribute__((target("sse2"))) inline double hmin(__m128d v)
 {
     return _mm_cvtsd_f64(_mm_min_sd(v, _mm_unpackhi_pd(v, v)));
 }
-#include "foundation/rowops_x86.inc"
+#include "foundation/rowops_simd.inc"
 #undef QV
 #undef QM
 #undef QW
@@ -98,7 +98,7 @@ __attribute__((target("avx2"))) inline double hmin(__m256d v)
     __m128d h = _mm_min_pd(_mm256_castpd256_pd128(v), _mm256_extractf128_pd(v, 1));
     return _mm_cvtsd_f64(_mm_min_sd(h, _mm_unpackhi_pd(h, h)));
 }
-#include "foundation/rowops_x86.inc"
+#include "foundation/rowops_simd.inc"
 #undef QV
 #undef QM
 #undef QW
@@ -164,7 +164,7 @@ __attribute__((target("avx512f"))) inline double hmin(__m512d v)
     __m128d h = _mm_min_pd(_mm256_castpd256_pd128(q), _mm256_extractf128_pd(q, 1));
     return _mm_cvtsd_f64(_mm_min_sd(h, _mm_unpackhi_pd(h, h)));
 }
-#include "foundation/rowops_x86.inc"
+#include "foundation/rowops_simd.inc"
 #undef QV
 #undef QM
 #undef QW

@@ -9,7 +9,36 @@
 #include <random>
 #include <vector>
 
+#include "foundation/elementary.h"
+
 namespace clipcases {
+
+// Draws of their own rather than std::uniform_*_distribution, whose outputs
+// differ between standard libraries (libstdc++, libc++), so that the corpora,
+// and the digests pinned over them, are the same on every platform. They
+// give what GCC's library gives, so the corpora stayed as they were: an
+// integer by Lemire's nearly divisionless method, a real from two 32-bit
+// draws scaled by 2^-64.
+inline int Draw(std::mt19937& rng, int lo, int hi)
+{
+    const std::uint32_t span = static_cast<std::uint32_t>(hi - lo) + 1u;
+    std::uint64_t product = static_cast<std::uint64_t>(rng()) * span;
+    if (static_cast<std::uint32_t>(product) < span) {
+        const std::uint32_t threshold = (0u - span) % span;
+        while (static_cast<std::uint32_t>(product) < threshold)
+            product = static_cast<std::uint64_t>(rng()) * span;
+    }
+    return lo + static_cast<int>(product >> 32);
+}
+
+inline double Draw(std::mt19937& rng, double lo, double hi)
+{
+    const double low = static_cast<double>(rng());
+    const double high = static_cast<double>(rng());
+    double u = (low + high * 4294967296.0) / 18446744073709551616.0;
+    if (u >= 1.0) u = std::nextafter(1.0, 0.0);
+    return u * (hi - lo) + lo;
+}
 
 struct Case {
     int x1, y1, x2, y2;
@@ -21,11 +50,10 @@ struct Case {
 // cross the sides of a rectangle that cuts through the columns.
 inline std::vector<int> Orthogonal(std::mt19937& rng, int columns, int span)
 {
-    std::uniform_int_distribution<int> w(1, 4), h(1, span);
     std::vector<int> xs{0}, hs;
     for (int i = 0; i < columns; ++i) {
-        xs.push_back(xs.back() + w(rng));
-        hs.push_back(h(rng));
+        xs.push_back(xs.back() + Draw(rng, 1, 4));
+        hs.push_back(Draw(rng, 1, span));
     }
     std::vector<int> p{xs.back(), 0, 0, 0};
     for (int i = 0; i < columns; ++i) {
@@ -46,9 +74,9 @@ inline std::vector<int> Orthogonal(std::mt19937& rng, int columns, int span)
         q.push_back(p[2 * i]);
         q.push_back(p[2 * i + 1]);
     }
-    const int turn = std::uniform_int_distribution<int>(0, 3)(rng);
-    const int dx = std::uniform_int_distribution<int>(-10, 10)(rng);
-    const int dy = std::uniform_int_distribution<int>(-10, 10)(rng);
+    const int turn = Draw(rng, 0, 3);
+    const int dx = Draw(rng, -10, 10);
+    const int dy = Draw(rng, -10, 10);
     for (std::size_t i = 0; i < q.size(); i += 2) {
         int x = q[i], y = q[i + 1];
         for (int t = 0; t < turn; ++t) {
@@ -65,15 +93,16 @@ inline std::vector<int> Orthogonal(std::mt19937& rng, int columns, int span)
 // Star-shaped about its centre: sorted angles, random radii.
 inline std::vector<int> Star(std::mt19937& rng, int n, double rmin, double rmax, double cx, double cy)
 {
-    std::uniform_real_distribution<double> a(0.0, 6.283185307179586), r(rmin, rmax);
     std::vector<double> angles(static_cast<std::size_t>(n));
-    for (double& v : angles) v = a(rng);
+    for (double& v : angles) v = Draw(rng, 0.0, 6.283185307179586);
     std::sort(angles.begin(), angles.end());
     std::vector<int> p;
     for (double t : angles) {
-        const double rr = r(rng);
-        p.push_back(static_cast<int>(std::lround(cx + rr * std::cos(t))));
-        p.push_back(static_cast<int>(std::lround(cy + rr * std::sin(t))));
+        const double rr = Draw(rng, rmin, rmax);
+        // The library's own cosine and sine: the runtime's may differ in the
+        // last bit from one platform to the next.
+        p.push_back(static_cast<int>(std::lround(cx + rr * qel::cos(t))));
+        p.push_back(static_cast<int>(std::lround(cy + rr * qel::sin(t))));
     }
     return p;
 }
@@ -81,7 +110,7 @@ inline std::vector<int> Star(std::mt19937& rng, int n, double rmin, double rmax,
 // Repeats some vertices in place, closes with the first point, reverses.
 inline void Disturb(std::mt19937& rng, std::vector<int>& p)
 {
-    std::uniform_int_distribution<int> coin(0, 7);
+    auto coin = [](std::mt19937& g) { return Draw(g, 0, 7); };
     std::vector<int> q;
     for (std::size_t i = 0; i < p.size(); i += 2) {
         q.push_back(p[i]);
@@ -109,7 +138,7 @@ inline void Disturb(std::mt19937& rng, std::vector<int>& p)
 // A rectangle over [lo, hi]^2 with integer corners.
 inline void Rectangle(std::mt19937& rng, int lo, int hi, Case& c)
 {
-    std::uniform_int_distribution<int> v(lo, hi);
+    auto v = [lo, hi](std::mt19937& g) { return Draw(g, lo, hi); };
     do {
         c.x1 = v(rng);
         c.x2 = v(rng);
