@@ -14,10 +14,11 @@
 // and G's edges are walked into closed chains, first edge first. All edges
 // run counter-clockwise around the inside, so where several edges remain at
 // a vertex (pieces touching there) the walk leaves by the one turning
-// furthest left, which keeps to the piece it walks; a closed chain of fewer
-// than three points or of zero area is no contour. With no edge left, the
-// rectangle lies inside the polygon only when none of its corners lies
-// outside. Contours that come out clockwise are reversed keeping their first
+// furthest left, which keeps to the piece it walks; a chain that comes back
+// to one of its own points closes a contour there and goes on from it (so a
+// dangling edge where the walk began costs only itself); a closed chain of
+// fewer than three points or of zero area is no contour. With no edge left,
+// the rectangle lies inside the polygon when its centre does. Contours that come out clockwise are reversed keeping their first
 // point; coordinates are rounded to floor(v + 0.5).
 //
 // Every decision is that of the plain procedure with linear lists; only the
@@ -499,11 +500,12 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             const double* p = g2.at(i);
             if (rx1 < p[0] && p[0] < rx2 && ry1 < p[1] && p[1] < ry2) return -2;
         }
-        // -3 only when no corner lies outside: with every edge gone, a corner
-        // inside a piece too thin to keep says nothing about the others.
-        for (int i = 0; i < 4; ++i)
-            if (locator.locate(corners[2 * i], corners[2 * i + 1]) == -2) return -1;
-        return -3;
+        // With every edge gone no boundary crosses the rectangle's inside but
+        // pieces thin enough to vanish, whose points all merged within the
+        // coincidence radius of a side. The centre, at least 1/2 from every
+        // side, stands for the whole inside; a corner may lie on an edge or
+        // within such a piece.
+        return locator.locate(0.5 * (rx1 + rx2), 0.5 * (ry1 + ry2)) == -1 ? -3 : -1;
     }
 
     // 13: the remaining edges in order, without those from a point to itself.
@@ -536,9 +538,14 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
 
     // 14: walk the chains, first remaining edge first. Where several edges
     // remain at a vertex, the walk leaves by the one turning furthest left.
+    // A chain that comes back to one of its own points closes a contour there
+    // (pieces touching at that point), and the walk goes on from it: the
+    // closed part moves ahead of the open one, so that the open chain stays
+    // last in `chain`, from `start`.
     Buffer<unsigned char> used;
-    Buffer<int> seen, chain, contourEnd;
-    if (!used.assign(static_cast<std::size_t>(m), 0) || !seen.assign(static_cast<std::size_t>(np), 0))
+    Buffer<int> seen, at, chain, contourEnd;
+    if (!used.assign(static_cast<std::size_t>(m), 0) || !seen.assign(static_cast<std::size_t>(np), 0) ||
+        !at.resize(static_cast<std::size_t>(np)))
         return kFail;
     int remaining = m, next0 = 0, stamp = 0;
     auto nextAt = [&](int v, int from) {
@@ -565,9 +572,11 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
         used[static_cast<std::size_t>(next0)] = 1;
         --remaining;
         ++stamp;
-        const std::size_t start = chain.size();
+        std::size_t start = chain.size();
         if (!chain.push(s) || !chain.push(c)) return kFail;
         seen[static_cast<std::size_t>(s)] = seen[static_cast<std::size_t>(c)] = stamp;
+        at[static_cast<std::size_t>(s)] = 0;
+        at[static_cast<std::size_t>(c)] = 1;
         for (;;) {
             if (remaining == 0) {
                 chain.truncate(start);
@@ -590,7 +599,15 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             }
             if (seen[static_cast<std::size_t>(nv)] != stamp) {
                 seen[static_cast<std::size_t>(nv)] = stamp;
+                at[static_cast<std::size_t>(nv)] = static_cast<int>(chain.size() - start);
                 if (!chain.push(nv)) return kFail;
+            } else {
+                const std::size_t j = start + static_cast<std::size_t>(at[static_cast<std::size_t>(nv)]);
+                const std::size_t loop = chain.size() - j;
+                std::rotate(chain.data() + start, chain.data() + j, chain.data() + chain.size());
+                for (std::size_t i = start + 1; i < start + loop; ++i) seen[static_cast<std::size_t>(chain[i])] = 0;
+                if (!contourEnd.push(static_cast<int>(start + loop)) || !chain.push(nv)) return kFail;
+                start += loop;
             }
             from = c;
             c = nv;

@@ -1,6 +1,7 @@
 #include "clip/plain_clip.h"
 
 #include <new>
+#include <vector>
 
 #include "QELMemory.h"
 #include "clip/clip_predicates.h"
@@ -154,12 +155,9 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
             Point(G2, i, p);
             if (X1 < p[0] && p[0] < X2 && Y1 < p[1] && p[1] < Y2) return -2;
         }
-        // -3 only when no corner lies outside: with every edge gone, a corner
-        // inside a piece too thin to keep says nothing about the others.
-        const double corners[8] = {X1, Y1, X2, Y1, X2, Y2, X1, Y2};
-        for (int i = 0; i < 4; ++i)
-            if (qel::LocatePoint(G2, corners[2 * i], corners[2 * i + 1]) == -2) return -1;
-        return -3;
+        // The centre stands for the inside: corners may lie on an edge or in
+        // a piece too thin to keep.
+        return qel::LocatePoint(G2, 0.5 * (X1 + X2), 0.5 * (Y1 + Y2)) == -1 ? -3 : -1;
     }
     // 13
     const int E = G.EdgeCount();
@@ -186,15 +184,15 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     };
     int k = 0;
     while (G.EdgeCount() > 0) {
-        PointList& cur = lists[k];
+        PointList* cur = &lists[k];
         int s, c;
         G.GetEdge(0, &s, &c);
         int from = s;
         double p[2];
         Point(G, s, p);
-        cur.AddPoint(p[0], p[1]);
+        cur->AddPoint(p[0], p[1]);
         Point(G, c, p);
-        cur.AddPoint(p[0], p[1]);
+        cur->AddPoint(p[0], p[1]);
         G.RemoveEdgeAt(0);
         for (;;) {
             if (G.EdgeCount() == 0) break;
@@ -214,7 +212,7 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
                 }
             }
             if (found < 0) {
-                cur.Clear();
+                cur->Clear();
                 break;
             }
             if (candidates > 1 && left >= 0) {
@@ -223,15 +221,31 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
             }
             G.RemoveEdgeAt(found);
             if (next == s) {
-                const double area = qel::ContourShoelace(cur.Count(), [&](int j) { return cur.Data() + 2 * j; });
-                if (cur.Count() < 3 || area == 0.0)
-                    cur.Clear();
+                const double area = qel::ContourShoelace(cur->Count(), [&](int j) { return cur->Data() + 2 * j; });
+                if (cur->Count() < 3 || area == 0.0)
+                    cur->Clear();
                 else
                     ++k;
                 break;
             }
+            // Back at one of its own points: the loop from there is a
+            // contour of its own, and the chain goes on from that point.
             Point(G, next, p);
-            cur.AddPoint(p[0], p[1]);
+            const int j = cur->FindPoint(p[0], p[1]);
+            if (j < 0) {
+                cur->AddPoint(p[0], p[1]);
+            } else {
+                std::vector<double> open(cur->Data(), cur->Data() + 2 * cur->Count());
+                cur->Clear();
+                for (std::size_t i = 2 * static_cast<std::size_t>(j); i < open.size(); i += 2)
+                    cur->AddPoint(open[i], open[i + 1]);
+                const double loop = qel::ContourShoelace(cur->Count(), [&](int i) { return cur->Data() + 2 * i; });
+                if (cur->Count() < 3 || loop == 0.0)
+                    cur->Clear();
+                else
+                    cur = &lists[++k];
+                for (int i = 0; i <= j; ++i) cur->AddPoint(open[2 * i], open[2 * i + 1]);
+            }
             from = c;
             c = next;
         }
