@@ -420,9 +420,9 @@ QELMATH_API void MinimumRadiusCircleFromPoints(double* pts, int n, double* centr
  * Polygon clipping
  * ------------------------------------------------------------------------- */
 
-/* ClipPolygonWithRect's result when no contour comes out (otherwise it
+/* ClipPolygonWithRect's results when no contour is written (otherwise it
  * returns the number of contours, at least 1). */
-enum QELClipResult { QEL_CLIP_NOTHING = -1 };
+enum QELClipResult { QEL_CLIP_NOTHING = -1, QEL_CLIP_POLYGON_INSIDE = -2, QEL_CLIP_RECT_INSIDE = -3 };
 
 /* Clips the integer polygon pts (n x, y pairs, implicitly closed) against the
  * rectangle [x1, x2] x [y1, y2].
