@@ -3,13 +3,17 @@
 // coordinates at the ends of the int range test the arithmetic's reach. The
 // fast clipper must return the plain procedure's bits, contours of at least
 // three points inside the rectangle, every block back, and under a failing
-// allocator -1 with the outputs untouched, or the same result.
+// allocator -1 with the outputs untouched, or the same result; a simple
+// polygon's result must agree with the exact intersection.
 #include <climits>
 
 #include "QELMath.h"
 #include "clip/plain_clip.h"
 #include "fuzz_input.h"
 #include "support/test_allocator.h"
+#ifdef QEL_FUZZ_ORACLE
+#include "clip/exact_oracle.h"
+#endif
 
 using fuzzin::Check;
 
@@ -83,6 +87,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                       fast.pts[at + 1] <= rect[3],
                   "a point outside the rectangle");
     }
+
+#ifdef QEL_FUZZ_ORACLE
+    // The contract holds up to 2^30 in magnitude; beyond, the rounding of
+    // the on-segment test may lose a crossing on a side.
+    bool inRange = rect[0] < rect[2] && rect[1] < rect[3];   // else -1, as documented
+    for (int v : rect) inRange = inRange && v >= -(1 << 30) && v <= (1 << 30);
+    for (int v : poly) inRange = inRange && v >= -(1 << 30) && v <= (1 << 30);
+    cliporacle::Deviation deviation;
+    if (inRange) {
+        const std::string why = cliporacle::Check(rect[0], rect[1], rect[2], rect[3], poly, deviation);
+        if (!why.empty()) std::fprintf(stderr, "%s", why.c_str());
+        Check(why.empty(), "the exact intersection disagrees");
+    }
+#endif
 
     if (failAt > 0) {
         testalloc::reset();
