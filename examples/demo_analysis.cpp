@@ -1,5 +1,6 @@
 // Numerical analysis: the four quadrature rules on one integral, the chord
 // method drawn on its curve, the quadratic equation and Horner's scheme.
+#include <cmath>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -68,7 +69,14 @@ void run(demo::Picture& pic)
         p.line(xi, 0.0, xi, yi, "#c60");
         p.dot(xi, yi);
     }
-    p.text(0.1, 1.8, "points of f taken by solve_Chord");
+    p.line(0.0, -2.2, 0.0, 2.2, "#999");
+    p.text(2.0, 0.1, "x");
+    p.text(0.05, 2.05, "f(x)");
+    const double root = std::sqrt(2.0);
+    p.dot(root, 0.0, "#090");
+    p.text(root + 0.05, -0.3, "root sqrt 2");
+    p.text(0.45, -1.6, "orange: points of f");
+    p.text(0.45, -1.9, "taken by solve_Chord");
 }
 
 int reg = demo::add_section(30, "Numerical analysis", &run);

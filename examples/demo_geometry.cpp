@@ -39,6 +39,8 @@ void arc_panel(demo::Picture& pic)
     p.dot(mid[0], mid[1], "#090");
     p.text(p1[0], p1[1] - 0.4, "P1");
     p.text(p2[0], p2[1] - 0.4, "P2");
+    p.text(-0.8, -2.5, "black: end points, blue: arc and centre,");
+    p.text(-0.8, -2.85, "green: the arc's middle");
 }
 
 void triangle_panel(demo::Picture& pic)
@@ -60,6 +62,8 @@ void triangle_panel(demo::Picture& pic)
     p.dot(cc[0], cc[1], "#c60");
     p.dot(ic[0], ic[1], "#06c");
     p.dot(probe[0], probe[1], "#090");
+    p.text(-0.8, -2.0, "orange: circumscribed, blue: inscribed,");
+    p.text(-0.8, -2.4, "green: a point PointIsInTriangle finds inside");
 }
 
 void enclosing_panel(demo::Picture& pic)

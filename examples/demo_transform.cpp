@@ -83,9 +83,9 @@ void run(demo::Picture& pic)
     draw_cube(views, T, 0, 0);
     TransMatrixViewW(0.5, T);
     draw_cube(views, T, 0, 0);
-    views.text(0.4, 1.05, "V");
-    views.text(0.4, -1.75, "H");
-    views.text(-1.1, 1.05, "W");
+    views.text(0.4, 1.05, "front (V)");
+    views.text(0.4, -1.75, "top (H)");
+    views.text(-1.1, 1.05, "side (W)");
     std::printf("principal views: V at the origin, H %.1f below, W %.1f to the left\n", 0.5, 0.5);
 
     // Axonometric: isometric, dimetric and the oblique cabinet view.
@@ -96,9 +96,9 @@ void run(demo::Picture& pic)
     draw_cube(axo, T, 1.6, 1.1);
     TransMatrixAxisViewL2(T);
     draw_cube(axo, T, 0.7, -0.9);
-    axo.text(-0.8, 0.1, "PE");
-    axo.text(2.2, 0.1, "P2");
-    axo.text(1.8, -0.6, "L2");
+    axo.text(-0.8, 0.1, "isometric");
+    axo.text(1.9, 0.1, "dimetric");
+    axo.text(1.8, -0.6, "cabinet");
 
     // Perspectives of the cube set in front of the picture plane: two
     // vanishing points (turned 30 degrees about z), then three (also tilted).
