@@ -41,26 +41,7 @@ inline float64x2_t index0()
     return vld1q_f64(lanes);
 }
 #include "foundation/rowops_simd.inc"
-#undef QV
-#undef QM
-#undef QW
-#undef QTARGET
-#undef QLOAD
-#undef QSTORE
-#undef QSET1
-#undef QADD
-#undef QSUB
-#undef QMUL
-#undef QDIV
-#undef QABS
-#undef QGT
-#undef QBLEND
-#undef QINDEX0
-#undef QEQ
-#undef QMAX
-#undef QMIN
-#undef QHMAX
-#undef QHMIN
+#include "foundation/rowops_simd_end.inc"
 }  // namespace neon_kernels
 
 const RowKernels kRowKernelsNeon = {

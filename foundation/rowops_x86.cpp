@@ -44,26 +44,7 @@ __attribute__((target("sse2"))) inline double hmin(__m128d v)
     return _mm_cvtsd_f64(_mm_min_sd(v, _mm_unpackhi_pd(v, v)));
 }
 #include "foundation/rowops_simd.inc"
-#undef QV
-#undef QM
-#undef QW
-#undef QTARGET
-#undef QLOAD
-#undef QSTORE
-#undef QSET1
-#undef QADD
-#undef QSUB
-#undef QMUL
-#undef QDIV
-#undef QABS
-#undef QGT
-#undef QBLEND
-#undef QINDEX0
-#undef QEQ
-#undef QMAX
-#undef QMIN
-#undef QHMAX
-#undef QHMIN
+#include "foundation/rowops_simd_end.inc"
 }  // namespace sse2_kernels
 
 // --- AVX2 (only AVX instructions are needed; AVX2 marks the generation) ----
@@ -99,26 +80,7 @@ __attribute__((target("avx2"))) inline double hmin(__m256d v)
     return _mm_cvtsd_f64(_mm_min_sd(h, _mm_unpackhi_pd(h, h)));
 }
 #include "foundation/rowops_simd.inc"
-#undef QV
-#undef QM
-#undef QW
-#undef QTARGET
-#undef QLOAD
-#undef QSTORE
-#undef QSET1
-#undef QADD
-#undef QSUB
-#undef QMUL
-#undef QDIV
-#undef QABS
-#undef QGT
-#undef QBLEND
-#undef QINDEX0
-#undef QEQ
-#undef QMAX
-#undef QMIN
-#undef QHMAX
-#undef QHMIN
+#include "foundation/rowops_simd_end.inc"
 }  // namespace avx2_kernels
 
 // --- AVX-512 -----------------------------------------------------------------
