@@ -30,6 +30,9 @@ FAMILIES = ["foundation", "numbers", "analysis", "linear", "matrix",
 # elementary functions, the row kernels and pivot search) is tested where it
 # is used too.
 SUITES = {"foundation": ["test_foundation", "test_elementary", "test_linear", "test_matrix"]}
+# Every fault also faces the result digests of all functions against the
+# checked-in golden file, as the test stage does.
+DIGEST = "qel_digest"
 # Generated tables and their generator are data, not library code: a nudged
 # digit there says nothing about the tests.
 GENERATED = re.compile(r"(^|/)(tables\.cpp|[^/]*_table\.cpp)$|/tables/")
@@ -189,15 +192,18 @@ def main():
             lines[no] = new if kind == "statement" else line[:col] + new + line[col + len(old):]
             try:
                 restorer.plant(path, original, "\n".join(lines))
-                built = run(["cmake", "--build", build, "--target"] + targets, 900, root)
+                built = run(["cmake", "--build", build, "--target", DIGEST] + targets, 900, root)
                 if built != 0:
                     stillborn += 1
                     continue
                 planted += 1
+                runs = [[os.path.join(build, "bin", t), "--gtest_fail_fast", "--gtest_brief=1"]
+                        for t in targets]
+                runs.append([os.path.join(build, "bin", DIGEST), "--compare",
+                             os.path.join(root, "tests", "digest", "golden.txt")])
                 result = 0
-                for target in targets:
-                    result = run([os.path.join(build, "bin", target), "--gtest_fail_fast",
-                                  "--gtest_brief=1"], args.timeout, build)
+                for cmd in runs:
+                    result = run(cmd, args.timeout, build)
                     if result != 0:
                         break
             finally:
