@@ -48,7 +48,6 @@
 // arguments (n <= 0, x1 >= x2 or y1 >= y2) or no memory; -2 the polygon lies
 // inside the rectangle; -3 the rectangle lies inside the polygon. On every
 // negative result nothing is written and every block taken is given back.
-#include <algorithm>
 #include <cmath>
 
 #include "QELMath.h"
@@ -233,6 +232,24 @@ bool DropPoints(Graph& g, const unsigned char* keep, int extra = 0)
     }
     g.ends.truncate(m);
     return true;
+}
+
+// [mid, last) ahead of [first, mid), each in its order, by three reversals
+// (our own: a standard algorithm's instance would be exported with the API).
+void Reverse(int* a, int* b)
+{
+    while (a < b && a < --b) {
+        const int t = *a;
+        *a++ = *b;
+        *b = t;
+    }
+}
+
+void MoveAhead(int* first, int* mid, int* last)
+{
+    Reverse(first, mid);
+    Reverse(mid, last);
+    Reverse(first, last);
 }
 
 int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, int** outCounts)
@@ -604,7 +621,7 @@ int Clip(int x1, int y1, int x2, int y2, const int* pts, int n, int** outPts, in
             } else {
                 const std::size_t j = start + static_cast<std::size_t>(at[static_cast<std::size_t>(nv)]);
                 const std::size_t loop = chain.size() - j;
-                std::rotate(chain.data() + start, chain.data() + j, chain.data() + chain.size());
+                MoveAhead(chain.data() + start, chain.data() + j, chain.data() + chain.size());
                 for (std::size_t i = start + 1; i < start + loop; ++i) seen[static_cast<std::size_t>(chain[i])] = 0;
                 if (!contourEnd.push(static_cast<int>(start + loop)) || !chain.push(nv)) return kFail;
                 start += loop;
