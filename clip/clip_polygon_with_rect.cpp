@@ -48,6 +48,7 @@
 // arguments (n <= 0, x1 >= x2 or y1 >= y2) or no memory; -2 the polygon lies
 // inside the rectangle; -3 the rectangle lies inside the polygon. On every
 // negative result nothing is written and every block taken is given back.
+#include <algorithm>
 #include <cmath>
 
 #include "QELMath.h"
