@@ -427,9 +427,14 @@ enum QELClipResult { QEL_CLIP_NOTHING = -1, QEL_CLIP_POLYGON_INSIDE = -2, QEL_CL
 /* Clips the integer polygon pts (n x, y pairs, implicitly closed) against the
  * rectangle [x1, x2] x [y1, y2].
  * Input: any int coordinates; what is said below holds for coordinates up to
- * 2^30 (about 1.07e9) in magnitude. Beyond that, up to the int range, the
- * rounding of the on-segment test nears its 5e-7 band and a crossing that
- * falls on a side can be lost. The polygon may run either way, repeat its
+ * 2^25 (about 3.4e7) in magnitude, where the cross products of coordinate
+ * differences are exact in doubles. Beyond that a crossing of an edge nearly
+ * parallel to a side can come out farther from its true place than the
+ * 0.001 that merges points (rect (-901100982, -903591350, -634893696,
+ * 4868682) and the polygon (-901100982, -903198134) (-901100982, -901087104)
+ * (16721994, 8407626) (-901110692, 656910847) give a thin extra contour
+ * along the side), and toward the int range a crossing on a side can be
+ * lost. The polygon may run either way, repeat its
  * first point at the end and touch itself; points closer than 0.001 are one
  * point.
  * Returns k >= 1, the number of closed contours, each counter-clockwise (y up,
