@@ -159,6 +159,8 @@ def main():
     ap.add_argument("--family", action="append", choices=FAMILIES)
     ap.add_argument("--timeout", type=float, default=300, help="seconds per test run")
     ap.add_argument("--list", action="store_true", help="list the faults, plant nothing")
+    ap.add_argument("--by-suite", action="store_true",
+                    help="run every program on each fault and print which caught it")
     args = ap.parse_args()
     root = os.path.abspath(args.root)
     build = os.path.join(root, args.build) if not os.path.isabs(args.build) else args.build
@@ -202,10 +204,16 @@ def main():
                 runs.append([os.path.join(build, "bin", DIGEST), "--compare",
                              os.path.join(root, "tests", "digest", "golden.txt")])
                 result = 0
+                catchers = []
                 for cmd in runs:
-                    result = run(cmd, args.timeout, build)
-                    if result != 0:
-                        break
+                    outcome = run(cmd, args.timeout, build)
+                    if outcome != 0:
+                        result = outcome
+                        catchers.append(os.path.basename(cmd[0]))
+                        if not args.by_suite:
+                            break
+                if args.by_suite and catchers:
+                    print("caught", label, "by", " ".join(catchers), flush=True)
             finally:
                 restorer.restore()
             if result == 0:
