@@ -85,19 +85,56 @@ double angle(Rng& r)
     }
 }
 
+// Rows of one shape: a function of two points, a comparison of a point with
+// one near it, a comparison of two directions given by point pairs.
+template <class F>
+void two_points(std::vector<dg::Entry>& out, const char* label, F f)
+{
+    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+        double p[3], q[3];
+        point(r, p);
+        point(r, q);
+        d.d(f(p, q));
+    });
+}
+
+template <class F>
+void near_points(std::vector<dg::Entry>& out, const char* label, F f)
+{
+    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+        double p[3], q[3];
+        point(r, q);
+        near_point(r, q, p);
+        d.i32(f(p, q));
+    });
+}
+
+template <class F>
+void directions(std::vector<dg::Entry>& out, const char* label, F f)
+{
+    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+        double a1[3], a2[3], b1[3], b2[3];
+        for (double* p : {a1, a2, b1, b2})
+            for (int i = 0; i < 3; ++i) p[i] = r.grid(-3, 3);
+        d.i32(f(a1, a2, b1, b2));
+    });
+}
+
+template <class F>
+void tolerance_setter(std::vector<dg::Entry>& out, const char* label, F set)
+{
+    dg::run(out, label, 20, [=](Rng& r, Digest& d) {
+        set(tolerance_value(r));
+        probe_tolerances(r, d);
+        restore_defaults();
+    });
+}
+
 void family(std::vector<dg::Entry>& out)
 {
     restore_defaults();
-    dg::run(out, "math_SetDoubleTolerance", 20, [](Rng& r, Digest& d) {
-        math_SetDoubleTolerance(tolerance_value(r));
-        probe_tolerances(r, d);
-        restore_defaults();
-    });
-    dg::run(out, "math_SetPointTolerance", 20, [](Rng& r, Digest& d) {
-        math_SetPointTolerance(tolerance_value(r));
-        probe_tolerances(r, d);
-        restore_defaults();
-    });
+    tolerance_setter(out, "math_SetDoubleTolerance", math_SetDoubleTolerance);
+    tolerance_setter(out, "math_SetPointTolerance", math_SetPointTolerance);
     dg::run(out, "math_SetVectorTolerance", 20, [](Rng& r, Digest& d) {
         math_SetVectorTolerance(tolerance_value(r));
         probe_tolerances(r, d);
@@ -119,30 +156,10 @@ void family(std::vector<dg::Entry>& out)
         double b = r.coin(2) ? a + r.irange(-3, 3) * 6.283185307179586 : near(r, a);
         d.i32(math_IsAngleEqual(a, b));
     });
-    dg::run(out, "math_IsPoint2dEqual", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, q);
-        near_point(r, q, p);
-        d.i32(math_IsPoint2dEqual(p, q));
-    });
-    dg::run(out, "math_IsPointEqual", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, q);
-        near_point(r, q, p);
-        d.i32(math_IsPointEqual(p, q));
-    });
-    dg::run(out, "math_IsDirection2dEqual", 40, [](Rng& r, Digest& d) {
-        double a1[3], a2[3], b1[3], b2[3];
-        for (double* p : {a1, a2, b1, b2})
-            for (int i = 0; i < 3; ++i) p[i] = r.grid(-3, 3);
-        d.i32(math_IsDirection2dEqual(a1, a2, b1, b2));
-    });
-    dg::run(out, "math_IsDirectionEqual", 40, [](Rng& r, Digest& d) {
-        double a1[3], a2[3], b1[3], b2[3];
-        for (double* p : {a1, a2, b1, b2})
-            for (int i = 0; i < 3; ++i) p[i] = r.grid(-3, 3);
-        d.i32(math_IsDirectionEqual(a1, a2, b1, b2));
-    });
+    near_points(out, "math_IsPoint2dEqual", math_IsPoint2dEqual);
+    near_points(out, "math_IsPointEqual", math_IsPointEqual);
+    directions(out, "math_IsDirection2dEqual", math_IsDirection2dEqual);
+    directions(out, "math_IsDirectionEqual", math_IsDirectionEqual);
     dg::run(out, "math_NormalizeAngle(a)", 60, [](Rng& r, Digest& d) {
         double a = angle(r);
         math_NormalizeAngle(&a);
@@ -150,11 +167,7 @@ void family(std::vector<dg::Entry>& out)
     });
     dg::run(out, "math_NormalizeAngle(a,b)", 60, [](Rng& r, Digest& d) {
         double a = angle(r), b = angle(r);
-        if (r.coin(8)) {
-            math_NormalizeAngle(&a, nullptr);
-        } else {
-            math_NormalizeAngle(&a, &b);
-        }
+        math_NormalizeAngle(&a, r.coin(8) ? nullptr : &b);
         d.d(a);
         d.d(b);
     });
@@ -168,66 +181,33 @@ void family(std::vector<dg::Entry>& out)
         d.d(c);
         d.d(s);
     });
+    // In place or into a separate point; the destination is what is digested.
     dg::run(out, "math_Polar", 40, [](Rng& r, Digest& d) {
         double p[3], o[3];
         point(r, p);
         r.fill(o, 3, -9, 9);
         double a = angle(r), len = r.uni(-10, 10);
-        if (r.coin(3)) {
-            math_Polar(p, a, len, p);   // in place
-            d.ds(p, 3);
-        } else {
-            math_Polar(p, a, len, o);
-            d.ds(o, 3);
-        }
+        double* dst = r.coin(3) ? p : o;
+        math_Polar(p, a, len, dst);
+        d.ds(dst, 3);
     });
-    dg::run(out, "math_Angle", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, p);
-        point(r, q);
-        d.d(math_Angle(p, q));
-    });
-    dg::run(out, "math_Distance", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, p);
-        point(r, q);
-        d.d(math_Distance(p, q));
-    });
-    dg::run(out, "math_Distance2d", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, p);
-        point(r, q);
-        d.d(math_Distance2d(p, q));
-    });
-    dg::run(out, "math_Distance2", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, p);
-        point(r, q);
-        d.d(math_Distance2(p, q));
-    });
-    dg::run(out, "math_Distance2d2", 40, [](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, p);
-        point(r, q);
-        d.d(math_Distance2d2(p, q));
-    });
+    two_points(out, "math_Angle", math_Angle);
+    two_points(out, "math_Distance", math_Distance);
+    two_points(out, "math_Distance2d", math_Distance2d);
+    two_points(out, "math_Distance2", math_Distance2);
+    two_points(out, "math_Distance2d2", math_Distance2d2);
+    // The product may be written over either factor.
     dg::run(out, "VectorCrossProduct", 40, [](Rng& r, Digest& d) {
         double a[3], b[3], o[3];
         point(r, a);
         point(r, b);
         r.fill(o, 3, -9, 9);
-        switch (r.irange(0, 2)) {
-        case 0: VectorCrossProduct(a, b, o); d.ds(o, 3); break;
-        case 1: VectorCrossProduct(a, b, a); d.ds(a, 3); break;
-        default: VectorCrossProduct(a, b, b); d.ds(b, 3); break;
-        }
+        double* dst[] = {o, a, b};
+        double* c = dst[r.irange(0, 2)];
+        VectorCrossProduct(a, b, c);
+        d.ds(c, 3);
     });
-    dg::run(out, "VectorDotProduct", 40, [](Rng& r, Digest& d) {
-        double a[3], b[3];
-        point(r, a);
-        point(r, b);
-        d.d(VectorDotProduct(a, b));
-    });
+    two_points(out, "VectorDotProduct", VectorDotProduct);
     dg::run(out, "NormalizeVector", 40, [](Rng& r, Digest& d) {
         double v[3];
         point(r, v);

@@ -79,68 +79,56 @@ void closed_inv(std::vector<dg::Entry>& out, const char* label, int n, F f)
     });
 }
 
-void family(std::vector<dg::Entry>& out)
+// Sums and differences of m x n matrices in 5 x 5 buffers, all digested;
+// the real forms sometimes write over an operand (the first for a sum, the
+// second for a difference).
+template <class F>
+void int_sum(std::vector<dg::Entry>& out, const char* label, F f)
 {
-    dg::run(out, "mt_Add(int)", 30, [](Rng& r, Digest& d) {
+    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(-1, 5);
         int a[25], b[25], c[25];
         ints(r, a, 25);
         ints(r, b, 25);
         ints(r, c, 25);
-        mt_Add(a, b, m, n, c);
+        f(a, b, m, n, c);
         d.is(c, 25);
     });
-    dg::run(out, "mt_Add(real)", 30, [](Rng& r, Digest& d) {
+}
+
+template <class F>
+void real_sum(std::vector<dg::Entry>& out, const char* label, bool over_second, F f)
+{
+    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(-1, 5);
         double a[25], b[25], c[25];
         reals(r, a, 25);
         reals(r, b, 25);
         reals(r, c, 25);
-        if (r.coin(3)) {
-            mt_Add(a, b, m, n, a);
-            d.ds(a, 25);
-        } else {
-            mt_Add(a, b, m, n, c);
-            d.ds(c, 25);
-        }
+        double* dst = r.coin(3) ? (over_second ? b : a) : c;
+        f(a, b, m, n, dst);
+        d.ds(dst, 25);
     });
+}
+
+void family(std::vector<dg::Entry>& out)
+{
+    int_sum(out, "mt_Add(int)", [](const int* a, const int* b, int m, int n, int* c) { mt_Add(a, b, m, n, c); });
+    real_sum(out, "mt_Add(real)", false,
+             [](const double* a, const double* b, int m, int n, double* c) { mt_Add(a, b, m, n, c); });
     dg::run(out, "mt_Add(complex)", 30, [](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(0, 5);
         double ar[25], ai[25], br[25], bi[25], cr[25], ci[25];
         for (double* p : {ar, ai, br, bi, cr, ci}) reals(r, p, 25);
-        if (r.coin(3)) {
-            mt_Add(ar, ai, br, bi, m, n, ar, ai);
-            d.ds(ar, 25);
-            d.ds(ai, 25);
-        } else {
-            mt_Add(ar, ai, br, bi, m, n, cr, ci);
-            d.ds(cr, 25);
-            d.ds(ci, 25);
-        }
+        double* dr = r.coin(3) ? ar : cr;
+        double* di = dr == ar ? ai : ci;
+        mt_Add(ar, ai, br, bi, m, n, dr, di);
+        d.ds(dr, 25);
+        d.ds(di, 25);
     });
-    dg::run(out, "mt_Sub(int)", 30, [](Rng& r, Digest& d) {
-        int m = r.irange(0, 5), n = r.irange(-1, 5);
-        int a[25], b[25], c[25];
-        ints(r, a, 25);
-        ints(r, b, 25);
-        ints(r, c, 25);
-        mt_Sub(a, b, m, n, c);
-        d.is(c, 25);
-    });
-    dg::run(out, "mt_Sub(real)", 30, [](Rng& r, Digest& d) {
-        int m = r.irange(0, 5), n = r.irange(-1, 5);
-        double a[25], b[25], c[25];
-        reals(r, a, 25);
-        reals(r, b, 25);
-        reals(r, c, 25);
-        if (r.coin(3)) {
-            mt_Sub(a, b, m, n, b);
-            d.ds(b, 25);
-        } else {
-            mt_Sub(a, b, m, n, c);
-            d.ds(c, 25);
-        }
-    });
+    int_sum(out, "mt_Sub(int)", [](const int* a, const int* b, int m, int n, int* c) { mt_Sub(a, b, m, n, c); });
+    real_sum(out, "mt_Sub(real)", true,
+             [](const double* a, const double* b, int m, int n, double* c) { mt_Sub(a, b, m, n, c); });
     dg::run(out, "mt_Sub(complex)", 30, [](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(0, 5);
         double ar[25], ai[25], br[25], bi[25], cr[25], ci[25];
