@@ -7,56 +7,34 @@
 #include <cinttypes>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <map>
 #include <string>
-#include <utility>
 
 #include "digest.h"
 
 namespace dg {
 
-namespace {
-
 struct Family {
     int rank;
-    const char* name;
     FamilyFn fn;
 };
 
-std::vector<Family>& families()
+static std::vector<Family>& families()
 {
     static std::vector<Family> list;
     return list;
 }
 
-std::string format(const Entry& e)
+int add_family(int rank, const char*, FamilyFn fn)
 {
-    char buf[256];
-    std::snprintf(buf, sizeof buf, "%-44s %5d %016" PRIx64, e.label.c_str(), e.calls, e.digest);
-    return buf;
-}
-
-}  // namespace
-
-int add_family(int rank, const char* name, FamilyFn fn)
-{
-    families().push_back({rank, name, fn});
+    families().push_back({rank, fn});
     return rank;
 }
 
 }  // namespace dg
 
 namespace {
-
-std::vector<dg::Entry> compute()
-{
-    auto list = dg::families();
-    std::stable_sort(list.begin(), list.end(),
-                     [](const auto& a, const auto& b) { return a.rank < b.rank; });
-    std::vector<dg::Entry> entries;
-    for (const auto& f : list) f.fn(entries);
-    return entries;
-}
 
 const char* kHeader =
     "# QELMath result digests. One line per exported function: label, number of\n"
@@ -68,77 +46,73 @@ const char* kHeader =
 // the missing ones from every later comparison.
 constexpr std::size_t kApiFunctions = 139;
 
-int write(const std::vector<dg::Entry>& entries, const char* path)
+// label -> formatted line, families in rank order (which fixes the file's order).
+std::vector<std::pair<std::string, std::string>> compute()
 {
-    if (path && entries.size() != kApiFunctions) {
-        std::fprintf(stderr, "refusing to write %s: %zu of %zu functions digested\n", path,
-                     entries.size(), kApiFunctions);
-        return 2;
+    auto list = dg::families();
+    std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) { return a.rank < b.rank; });
+    std::vector<dg::Entry> entries;
+    for (const auto& f : list) f.fn(entries);
+    std::vector<std::pair<std::string, std::string>> lines;
+    for (const auto& e : entries) {
+        char buf[256];
+        std::snprintf(buf, sizeof buf, "%-44s %5d %016" PRIx64, e.label.c_str(), e.calls, e.digest);
+        lines.emplace_back(e.label, buf);
     }
-    std::FILE* f = path ? std::fopen(path, "w") : stdout;
-    if (!f) {
-        std::fprintf(stderr, "cannot write %s\n", path);
-        return 2;
-    }
-    std::fputs(kHeader, f);
-    for (const auto& e : entries) std::fprintf(f, "%s\n", dg::format(e).c_str());
-    if (path && std::fclose(f) != 0) return 2;
-    if (path) std::printf("%zu digests written to %s\n", entries.size(), path);
-    return 0;
+    return lines;
 }
 
-int compare(const std::vector<dg::Entry>& entries, const char* path)
+int compare(const std::vector<std::pair<std::string, std::string>>& lines, const char* path)
 {
-    std::FILE* f = std::fopen(path, "r");
-    if (!f) {
+    std::ifstream in(path);
+    if (!in) {
         std::fprintf(stderr, "cannot read %s\n", path);
         return 2;
     }
-    std::vector<std::pair<std::string, std::string>> golden;   // label, whole line
-    char line[512];
-    while (std::fgets(line, sizeof line, f)) {
-        std::string s(line);
-        while (!s.empty() && (s.back() == '\n' || s.back() == '\r')) s.pop_back();
+    std::map<std::string, std::string> mine(lines.begin(), lines.end());
+    int bad = 0, golden = 0;
+    for (std::string s; std::getline(in, s);) {
+        if (!s.empty() && s.back() == '\r') s.pop_back();
         if (s.empty() || s[0] == '#') continue;
-        golden.emplace_back(s.substr(0, s.find(' ')), s);
-    }
-    std::fclose(f);
-
-    std::map<std::string, std::string> mine;
-    for (const auto& e : entries) mine[e.label] = dg::format(e);
-    int bad = 0;
-    for (const auto& g : golden) {
-        auto it = mine.find(g.first);
+        ++golden;
+        auto it = mine.find(s.substr(0, s.find(' ')));
         if (it == mine.end()) {
-            std::printf("MISSING  %s (not computed by this build)\n", g.first.c_str());
+            std::printf("MISSING  %s\n", s.c_str());
             ++bad;
-        } else if (it->second != g.second) {
-            std::printf("DIFFERS  %s\n  golden: %s\n  here:   %s\n", g.first.c_str(),
-                        g.second.c_str(), it->second.c_str());
+            continue;
+        }
+        if (it->second != s) {
+            std::printf("DIFFERS\n  golden: %s\n  here:   %s\n", s.c_str(), it->second.c_str());
             ++bad;
         }
-        if (it != mine.end()) mine.erase(it);
+        mine.erase(it);
     }
-    for (const auto& m : mine) {
-        std::printf("NEW      %s (not in the golden file)\n", m.first.c_str());
-        ++bad;
-    }
-    if (bad) {
-        std::printf("%d of %zu functions differ from %s\n", bad, golden.size(), path);
-        return 1;
-    }
-    std::printf("all %zu function digests match %s\n", golden.size(), path);
-    return 0;
+    for (const auto& m : mine) std::printf("NEW      %s\n", m.second.c_str());
+    bad += static_cast<int>(mine.size());
+    if (bad) std::printf("%d of %d functions differ from %s\n", bad, golden, path);
+    else std::printf("all %d function digests match %s\n", golden, path);
+    return bad ? 1 : 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    std::vector<dg::Entry> entries = compute();
-    if (argc == 3 && std::strcmp(argv[1], "--write") == 0) return write(entries, argv[2]);
-    if (argc == 3 && std::strcmp(argv[1], "--compare") == 0) return compare(entries, argv[2]);
-    if (argc == 1) return write(entries, nullptr);
-    std::fprintf(stderr, "usage: %s [--write FILE | --compare FILE]\n", argv[0]);
-    return 2;
+    const auto lines = compute();
+    const bool write = argc == 3 && std::strcmp(argv[1], "--write") == 0;
+    if (argc == 3 && std::strcmp(argv[1], "--compare") == 0) return compare(lines, argv[2]);
+    if (argc != 1 && !write) {
+        std::fprintf(stderr, "usage: %s [--write FILE | --compare FILE]\n", argv[0]);
+        return 2;
+    }
+    if (write && lines.size() != kApiFunctions) {
+        std::fprintf(stderr, "refusing to write %s: %zu of %zu functions digested\n", argv[2], lines.size(),
+                     kApiFunctions);
+        return 2;
+    }
+    std::FILE* f = write ? std::fopen(argv[2], "w") : stdout;
+    if (!f) return 2;
+    std::fputs(kHeader, f);
+    for (const auto& l : lines) std::fprintf(f, "%s\n", l.second.c_str());
+    return (write && std::fclose(f) != 0) ? 2 : 0;
 }
