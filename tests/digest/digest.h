@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace dg {
@@ -69,6 +70,14 @@ public:
         std::memcpy(&bits, &v, sizeof bits);
         if (v != v) bits = 0x7ff8000000000000ull;
         u64(bits);
+    }
+    // Any result by its type: a double's bits, an integer's 4 or 8 bytes.
+    template <class T>
+    void put(T v)
+    {
+        if constexpr (std::is_floating_point<T>::value) d(v);
+        else if constexpr (sizeof(T) == 8) u64(static_cast<std::uint64_t>(v));
+        else u32(static_cast<std::uint32_t>(v));
     }
     void ds(const double* p, int n)
     {

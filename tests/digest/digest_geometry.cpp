@@ -41,6 +41,18 @@ void related(Rng& r, const double* a, const double* b, double* p)
 
 void sentinel(Rng& r, double* p, int n) { r.fill(p, n, 100, 200); }
 
+template <class F>
+void three_points(std::vector<dg::Entry>& out, const char* label, F f)
+{
+    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+        double p1[3], p2[3], p3[3];
+        point(r, p1);
+        point(r, p2);
+        point(r, p3);
+        d.d(f(p1, p2, p3));
+    });
+}
+
 void family(std::vector<dg::Entry>& out)
 {
     dg::run(out, "PointIsOnLine", 60, [](Rng& r, Digest& d) {
@@ -160,20 +172,8 @@ void family(std::vector<dg::Entry>& out)
         }
         d.i32(PointIsInTriangle(p1, p2, p3, p));
     });
-    dg::run(out, "TranglePerimeter", 30, [](Rng& r, Digest& d) {
-        double p1[3], p2[3], p3[3];
-        point(r, p1);
-        point(r, p2);
-        point(r, p3);
-        d.d(TranglePerimeter(p1, p2, p3));
-    });
-    dg::run(out, "TrangleArea", 30, [](Rng& r, Digest& d) {
-        double p1[3], p2[3], p3[3];
-        point(r, p1);
-        point(r, p2);
-        point(r, p3);
-        d.d(TrangleArea(p1, p2, p3));
-    });
+    three_points(out, "TranglePerimeter", TranglePerimeter);
+    three_points(out, "TrangleArea", TrangleArea);
     dg::run(out, "TriangleInscribedCircle", 30, [](Rng& r, Digest& d) {
         double p1[3], p2[3], p3[3], c[3];
         point(r, p1);

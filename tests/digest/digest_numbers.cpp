@@ -25,6 +25,22 @@ void pair(Rng& r, int& n, int& m)
     m = r.coin(8) ? r.irange(-3, 0) : r.irange(1, 40);
 }
 
+template <class F>
+void indexed(std::vector<dg::Entry>& out, const char* label, int calls, F f)
+{
+    dg::run(out, label, calls, [=](Rng& r, Digest& d) { d.put(f(index(r))); });
+}
+
+template <class F>
+void pairs(std::vector<dg::Entry>& out, const char* label, F f)
+{
+    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+        int n, m;
+        pair(r, n, m);
+        d.put(f(n, m));
+    });
+}
+
 void family(std::vector<dg::Entry>& out)
 {
     dg::run(out, "num_IsPrime", 200, [](Rng& r, Digest& d) {
@@ -49,53 +65,25 @@ void family(std::vector<dg::Entry>& out)
         std::uint64_t b = r.coin(2) ? g * (r.next() >> 28) : r.next();
         d.u64(num_CommonDivisor64(a, b));
     });
-    dg::run(out, "num_FactorialDword", 30, [](Rng& r, Digest& d) { d.u32(num_FactorialDword(index(r))); });
-    dg::run(out, "num_FactorialQword", 30, [](Rng& r, Digest& d) { d.u64(num_FactorialQword(index(r))); });
-    dg::run(out, "num_FactorialDouble", 40, [](Rng& r, Digest& d) { d.d(num_FactorialDouble(index(r))); });
-    dg::run(out, "num_FibonacciDword", 30, [](Rng& r, Digest& d) { d.u32(num_FibonacciDword(index(r))); });
-    dg::run(out, "num_FibonacciQword", 30, [](Rng& r, Digest& d) { d.u64(num_FibonacciQword(index(r))); });
-    dg::run(out, "num_FibonacciDouble", 40, [](Rng& r, Digest& d) { d.d(num_FibonacciDouble(index(r))); });
-    dg::run(out, "num_PermutationDword", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.u32(num_PermutationDword(n, m));
-    });
-    dg::run(out, "num_PermutationQword", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.u64(num_PermutationQword(n, m));
-    });
+    indexed(out, "num_FactorialDword", 30, num_FactorialDword);
+    indexed(out, "num_FactorialQword", 30, num_FactorialQword);
+    indexed(out, "num_FactorialDouble", 40, num_FactorialDouble);
+    indexed(out, "num_FibonacciDword", 30, num_FibonacciDword);
+    indexed(out, "num_FibonacciQword", 30, num_FibonacciQword);
+    indexed(out, "num_FibonacciDouble", 40, num_FibonacciDouble);
+    pairs(out, "num_PermutationDword", num_PermutationDword);
+    pairs(out, "num_PermutationQword", num_PermutationQword);
     dg::run(out, "num_PermutationDouble", 40, [](Rng& r, Digest& d) {
         int n, m;
         pair(r, n, m);
         if (r.coin(5)) m = r.irange(100, 200);   // into infinity
         d.d(num_PermutationDouble(n, m));
     });
-    dg::run(out, "num_QPermutationDword", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.u32(num_QPermutationDword(n, m));
-    });
-    dg::run(out, "num_QPermutationQword", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.u64(num_QPermutationQword(n, m));
-    });
-    dg::run(out, "num_QPermutationDouble", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.d(num_QPermutationDouble(n, m));
-    });
-    dg::run(out, "num_CombinationDword", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.u32(num_CombinationDword(n, m));
-    });
-    dg::run(out, "num_CombinationQword", 40, [](Rng& r, Digest& d) {
-        int n, m;
-        pair(r, n, m);
-        d.u64(num_CombinationQword(n, m));
-    });
+    pairs(out, "num_QPermutationDword", num_QPermutationDword);
+    pairs(out, "num_QPermutationQword", num_QPermutationQword);
+    pairs(out, "num_QPermutationDouble", num_QPermutationDouble);
+    pairs(out, "num_CombinationDword", num_CombinationDword);
+    pairs(out, "num_CombinationQword", num_CombinationQword);
     dg::run(out, "num_CombinationDouble", 40, [](Rng& r, Digest& d) {
         int n, m;
         pair(r, n, m);
