@@ -34,9 +34,9 @@
 #include "QELMemory.h"
 
 #if defined(_WIN32)
-#  if defined(QELMATH_BUILDING)
-#    define QELMATH_API __declspec(dllexport)
-#  elif defined(QELMATH_STATIC)
+/* The DLL's exports come from its generated export list (MSVC names), so
+ * the definitions carry no dllexport of their own. */
+#  if defined(QELMATH_BUILDING) || defined(QELMATH_STATIC)
 #    define QELMATH_API
 #  else
 #    define QELMATH_API __declspec(dllimport)

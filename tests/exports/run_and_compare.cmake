@@ -1,0 +1,11 @@
+cmake_policy(VERSION 3.25)
+# Runs RUN (a command list) and compares its standard output with EXPECTED.
+execute_process(COMMAND ${RUN} OUTPUT_VARIABLE got RESULT_VARIABLE rc)
+if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "${RUN} exited with ${rc}")
+endif()
+file(READ ${EXPECTED} want)
+string(REPLACE "\r\n" "\n" got "${got}")
+if(NOT got STREQUAL want)
+    message(FATAL_ERROR "output differs from ${EXPECTED}:\n${got}")
+endif()
