@@ -46,13 +46,13 @@ TEST(IsPrime, AgreesWithASieveAndTrialDivision)
 
 // Every entry of each width against the exact running product and sum, then
 // the same continued in doubles, to the last finite entry (the next sum or
-// product is infinite); past the width's last entry factorials are 1 and
-// Fibonacci numbers 0.
+// product is infinite); below 0 and past the width's last entry factorials
+// are 1 and Fibonacci numbers 0.
 TEST(Tables, FactorialsAndFibonacciNumbersOfEveryWidth)
 {
     std::uint64_t f = 1, older = 0, newer = 1;
     double fd = 1.0, prev = 0.0, cur = 1.0;
-    for (int n = 0; n <= 1476; ++n) {
+    for (int n = -1; n <= 1476; ++n) {
         if (n > 0) {
             f *= n <= 20 ? static_cast<std::uint64_t>(n) : 1u;
             fd = fd * n;
@@ -63,9 +63,9 @@ TEST(Tables, FactorialsAndFibonacciNumbersOfEveryWidth)
         EXPECT_EQ(num_FactorialDword(n), n <= 12 ? f : 1u) << n;
         EXPECT_EQ(num_FactorialQword(n), n <= 20 ? f : 1u) << n;
         EXPECT_TRUE(same(num_FactorialDouble(n), n <= 170 ? fd : 1.0)) << n;
-        EXPECT_EQ(num_FibonacciDword(n), n <= 46 ? newer : 0u) << n;
-        EXPECT_EQ(num_FibonacciQword(n), n <= 92 ? newer : 0u) << n;
-        EXPECT_TRUE(same(num_FibonacciDouble(n), n <= 1475 ? cur : 0.0)) << n;
+        EXPECT_EQ(num_FibonacciDword(n), n >= 0 && n <= 46 ? newer : 0u) << n;
+        EXPECT_EQ(num_FibonacciQword(n), n >= 0 && n <= 92 ? newer : 0u) << n;
+        EXPECT_TRUE(same(num_FibonacciDouble(n), n >= 0 && n <= 1475 ? cur : 0.0)) << n;
     }
 }
 
