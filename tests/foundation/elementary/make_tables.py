@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # Prints the constant tables of the elementary functions (binary digits of
 # 2/pi and pi/2, sine and cosine of i/256, arc tangent of j/256) as C++
-# literals. Run once by hand; the test suite checks the stored tables
-# against MPFR, so a stale or edited table fails the build's tests.
+# literals. Run once by hand; the test suite checks the functions built on
+# them against MPFR over every range of arguments.
 from mpmath import mp, mpf, pi, sin, cos, atan, floor, ldexp
 
 mp.prec = 2000
