@@ -1,5 +1,5 @@
 // The clipper against the exact intersection of a simple polygon with the
-// rectangle (CGAL's exact booleans on rational numbers), shared by the oracle
+// rectangle (CGAL's exact booleans on rational numbers), shared by the clip
 // tests and the clip fuzz target.
 #ifndef QELMATH_TESTS_CLIP_EXACT_ORACLE_H
 #define QELMATH_TESTS_CLIP_EXACT_ORACLE_H
