@@ -23,11 +23,9 @@
 #include <CGAL/Boolean_set_operations_2.h>
 #include <CGAL/Exact_predicates_exact_constructions_kernel.h>
 
-#include <cmath>
-#include <cstdint>
+#include <algorithm>
 
 #include "QELMath.h"
-#include "clip/plain_clip.h"
 
 namespace cliporacle {
 namespace {
@@ -37,42 +35,27 @@ using FT = K::FT;
 using Point = K::Point_2;
 using Polygon = CGAL::Polygon_2<K>;
 
-FT Exact(std::int64_t v) { return FT(static_cast<double>(v / 4294967296)) * FT(4294967296.0) + FT(static_cast<double>(v % 4294967296)); }
+FT Perimeter(const Polygon& p)   // in the 1-norm
+{
+    FT s = 0;
+    for (auto e = p.edges_begin(); e != p.edges_end(); ++e) s += CGAL::abs(e->to_vector().x()) + CGAL::abs(e->to_vector().y());
+    return s;
+}
 
 struct Verdict {
     int pieces = 0, required = 0;
     FT area = 0, thin = 0;   // thin: area of the pieces that may vanish
     void add(const std::vector<Point>& loop)
     {
-        const FT a = Polygon(loop.begin(), loop.end()).area();
-        double perimeter = 0.0;
-        for (std::size_t i = 0; i < loop.size(); ++i) {
-            const Point& q = loop[(i + 1) % loop.size()];
-            perimeter += std::fabs(CGAL::to_double(loop[i].x() - q.x())) + std::fabs(CGAL::to_double(loop[i].y() - q.y()));
-        }
-        const bool wide = CGAL::to_double(a) > 2e-3 * perimeter;
+        const Polygon p(loop.begin(), loop.end());
+        const FT a = p.area();
+        const bool wide = a > FT(2) / 1000 * Perimeter(p);
         ++pieces;
         required += wide;
         area += a;
         if (!wide) thin += a;
     }
 };
-
-// The fast clipper's result against the plain procedure's, freeing both.
-bool SameAsPlain(int x1, int y1, int x2, int y2, const std::vector<int>& pts, int k, int* out, int* counts, std::string& why)
-{
-    int *pp = nullptr, *pc = nullptr;
-    const int plain = plainclip::ClipPolygonWithRect(x1, y1, x2, y2, pts.data(), static_cast<int>(pts.size() / 2), &pp, &pc);
-    if (plain != k) why += "plain gives " + std::to_string(plain) + ", fast " + std::to_string(k) + "\n";
-    if (plain < 1) return true;
-    int m = 0;
-    for (int i = 0; i < plain && plain == k; ++i) m += counts[i];
-    if (plain == k && (!std::equal(counts, counts + k, pc) || !std::equal(out, out + 2 * m, pp)))
-        why += "fast and plain contours differ\n";
-    mem_free(pp);
-    mem_free(pc);
-    return true;
-}
 
 }  // namespace
 
@@ -103,35 +86,20 @@ std::string Check(int x1, int y1, int x2, int y2, const std::vector<int>& pts, D
     int *out = nullptr, *counts = nullptr;
     std::vector<int> copy = pts;
     const int k = ClipPolygonWithRect(x1, y1, x2, y2, copy.data(), static_cast<int>(pts.size() / 2), &out, &counts);
-    SameAsPlain(x1, y1, x2, y2, pts, k, out, counts, why);
-    int pieces = k >= 1 ? k : (k == -2 || k == -3);
-    FT area = k == -2 ? CGAL::abs(poly.area()) : k == -3 ? Exact(std::int64_t{x2} - x1) * Exact(std::int64_t{y2} - y1) : FT(0);
-    FT bound = exact.thin;
-    if (k >= 1) {
-        ++dev.clipped;
-        const FT d = FT(501) / 1000;
-        std::int64_t twice = 0;
-        for (int i = 0, at = 0; i < k; at += counts[i++]) {
-            std::int64_t perimeter = 0;
-            for (int j = 0; j < counts[i]; ++j) {
-                const int* p = out + 2 * (at + j);
-                const int* q = out + 2 * (at + (j + 1) % counts[i]);
-                const std::int64_t dx = std::int64_t{p[0]} - q[0], dy = std::int64_t{p[1]} - q[1];
-                twice += dx * (std::int64_t{p[1]} + q[1]);
-                perimeter += std::llabs(dx) + std::llabs(dy);
-            }
-            bound += d * Exact(perimeter) + FT(counts[i]) * d * d;
-        }
-        area = Exact(twice) / 2;
-        mem_free(out);
-        mem_free(counts);
+    const int pieces = k >= 1 ? k : (k == -2 || k == -3);
+    FT area = k == -2 ? CGAL::abs(poly.area()) : k == -3 ? (FT(x2) - FT(x1)) * (FT(y2) - FT(y1)) : FT(0), bound = exact.thin;
+    const FT d = FT(501) / 1000;
+    for (int i = 0, at = 0; i < k; at += counts[i++]) {
+        Polygon c;
+        for (int j = at; j < at + counts[i]; ++j) c.push_back(Point(out[2 * j], out[2 * j + 1]));
+        area += c.area();
+        bound += FT(counts[i]) * d * d + d * Perimeter(c);
     }
+    if (k >= 1) ++dev.clipped, mem_free(out), mem_free(counts);
     const FT off = CGAL::abs(area - exact.area);
     if (exact.required > pieces || pieces > exact.pieces)
-        why += std::to_string(pieces) + " pieces, exact " + std::to_string(exact.pieces) + " of which " +
-               std::to_string(exact.required) + " too wide to vanish\n";
-    if (off > bound)
-        why += "exact area " + std::to_string(CGAL::to_double(exact.area)) + ", ours " + std::to_string(CGAL::to_double(area)) + "\n";
+        why += std::to_string(pieces) + " pieces, exact " + std::to_string(exact.pieces) + ", " + std::to_string(exact.required) + " wide\n";
+    if (off > bound) why += "exact area " + std::to_string(CGAL::to_double(exact.area)) + ", ours " + std::to_string(CGAL::to_double(area)) + "\n";
     dev.vanished += pieces < exact.pieces;
     if (pieces == exact.pieces && bound > 0) dev.worst = std::max(dev.worst, CGAL::to_double(off / bound));
     if (why.empty()) return why;
