@@ -25,11 +25,19 @@ Pt At(const L& l, int i)
     return p;
 }
 
-// Takes out, one at a time, the items i for which out(i) holds.
-template <class Count, class Out, class Drop>
-void Filter(Count count, Out out, Drop drop)
+// Takes out, one at a time, the vertices p and the edges P-Q for which out
+// holds.
+template <class Out>
+void RemoveVertices(PolygonGraph& g, Out out)
 {
-    for (int i = 0; i < count();) out(i) ? (void)drop(i) : (void)++i;
+    for (int i = 0; i < g.PointCount();) out(At(g, i)) ? (void)g.RemoveVertex(At(g, i)[0], At(g, i)[1]) : (void)++i;
+}
+
+template <class Out>
+void RemoveEdges(PolygonGraph& g, Out out)
+{
+    double P[2], Q[2];
+    for (int e = 0; e < g.EdgeCount();) g.GetEdgePoints(e, P, Q), out(P, Q) ? (void)g.RemoveEdgeAt(e) : (void)++e;
 }
 
 double Dist2(const double* p, const double* a) { return (p[0] - a[0]) * (p[0] - a[0]) + (p[1] - a[1]) * (p[1] - a[1]); }
@@ -73,8 +81,7 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
                 G.SplitEdge(e, G.AddPoint(A[0], A[1]));
         }
     }
-    Filter([&] { return G.PointCount(); }, [&](int i) { return qel::LocatePoint(RG, At(G, i)[0], At(G, i)[1]) == -2; },
-           [&](int i) { return G.RemoveVertex(At(G, i)[0], At(G, i)[1]); });
+    RemoveVertices(G, [&](Pt p) { return qel::LocatePoint(RG, p[0], p[1]) == -2; });
     // The outline in order: each side's points nearest first.
     for (int s = 0; s < 4; ++s) {
         const double* A = corners + 2 * s;
@@ -95,19 +102,12 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     G2.BuildFromPolygon(pts, n);
     // Outline points outside the polygon go, unless they stand for a point of
     // G, and so do outline edges whose midpoint lies outside.
-    Filter([&] { return RG.PointCount(); },
-           [&](int i) {
-               const Pt p = At(RG, i);
-               return G.Points().FindPoint(p[0], p[1]) < 0 && qel::LocatePoint(G2, p[0], p[1]) == -2;
-           },
-           [&](int i) { return RG.RemoveVertex(At(RG, i)[0], At(RG, i)[1]); });
-    double P[2], Q[2];
-    Filter([&] { return RG.EdgeCount(); },
-           [&](int e) { return RG.GetEdgePoints(e, P, Q), qel::LocatePoint(G2, (P[0] + Q[0]) * 0.5, (P[1] + Q[1]) * 0.5) == -2; },
-           [&](int e) { return RG.RemoveEdgeAt(e); });
+    RemoveVertices(RG, [&](Pt p) { return G.Points().FindPoint(p[0], p[1]) < 0 && qel::LocatePoint(G2, p[0], p[1]) == -2; });
+    RemoveEdges(RG, [&](const double* P, const double* Q) { return qel::LocatePoint(G2, (P[0] + Q[0]) * 0.5, (P[1] + Q[1]) * 0.5) == -2; });
     // The outline's edges join G, skipping edges G already holds; one
     // against the outline cancels.
     for (int e = 0; e < RG.EdgeCount(); ++e) {
+        double P[2], Q[2];
         RG.GetEdgePoints(e, P, Q);
         const int kP = G.AddPoint(P[0], P[1]), kQ = G.AddPoint(Q[0], Q[1]);
         if (kP == kQ) continue;
@@ -129,8 +129,7 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
         return qel::LocatePoint(G2, 0.5 * (X1 + X2), 0.5 * (Y1 + Y2)) == -1 ? -3 : -1;
     }
     std::vector<PointList> lists(static_cast<std::size_t>(G.EdgeCount()));
-    Filter([&] { return G.EdgeCount(); }, [&](int e) { return G.GetEdgePoints(e, P, Q), qel::PointsCoincide(P[0], P[1], Q); },
-           [&](int e) { return G.RemoveEdgeAt(e); });
+    RemoveEdges(G, [](const double* P, const double* Q) { return qel::PointsCoincide(P[0], P[1], Q) != 0; });
     // Walk the chains, leaving a vertex where several edges remain by the one
     // turning furthest left.
     auto furtherLeft = [&](int from, int c, int v, int w) {
@@ -138,7 +137,8 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     };
     std::size_t k = 0;
     while (G.EdgeCount() > 0) {
-        PointList* cur = &lists[k];
+        PointList* cur = &lists[k];   // may hold a chain that came to nothing
+        cur->Clear();
         int s, c;
         G.GetEdge(0, &s, &c);
         int from = s;
@@ -155,17 +155,11 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
                 if (found < 0) found = f, next = (a == c) ? b : a;
                 if (a == c && (left < 0 || furtherLeft(from, c, b, leftNext))) left = f, leftNext = b;
             }
-            if (found < 0) {
-                cur->Clear();
-                break;
-            }
+            if (found < 0) break;
             if (candidates > 1 && left >= 0) found = left, next = leftNext;
             G.RemoveEdgeAt(found);
             if (next == s) {
-                if (NoContour(*cur))
-                    cur->Clear();
-                else
-                    ++k;
+                k += NoContour(*cur) ? 0 : 1;
                 break;
             }
             // Back at one of its own points: the loop from there is a
@@ -190,20 +184,16 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     }
     if (k == 0) return -1;
     // Counter-clockwise contours, keeping the first point.
-    std::size_t m = 0;
-    for (std::size_t i = 0; i < k; ++i) m += static_cast<std::size_t>(lists[i].Count());
+    std::uint32_t m = 0;
+    for (std::size_t i = 0; i < k; ++i) m += static_cast<std::uint32_t>(lists[i].Count());
     int* counts = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(k * sizeof(int))));
-    int* out = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(2 * m * sizeof(int))));
+    int* out = static_cast<int*>(mem_malloc(2 * m * sizeof(int)));
     for (std::size_t i = 0, w = 0; i < k; ++i) {
-        const PointList& l = lists[i];
-        const int len = l.Count();
-        const bool reverse = Area(l) < 0.0;
+        const int len = counts[i] = lists[i].Count();
         for (int j = 0; j < len; ++j) {
-            const int at = (reverse && j > 0) ? len - j : j;
-            out[w++] = qel::RoundCoordinate(l.Data()[2 * at]);
-            out[w++] = qel::RoundCoordinate(l.Data()[2 * at + 1]);
+            const int at = (Area(lists[i]) < 0.0 && j > 0) ? len - j : j;
+            for (int a = 0; a < 2; ++a) out[w++] = qel::RoundCoordinate(lists[i].Data()[2 * at + a]);
         }
-        counts[i] = len;
     }
     *outPts = out;
     *outCounts = counts;
