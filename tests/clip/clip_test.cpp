@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -50,9 +51,7 @@ Out Clip(const int* r, const std::vector<int>& poly, Clipper clip = Fast)
         return o;
     }
     o.counts.assign(counts, counts + o.code);
-    int m = 0;
-    for (int v : o.counts) m += v;
-    o.pts.assign(pts, pts + 2 * m);
+    o.pts.assign(pts, pts + 2 * std::accumulate(counts, counts + o.code, 0));
     mem_free(pts);
     mem_free(counts);
     return o;
@@ -193,11 +192,7 @@ struct Case {
 
 void Rectangle(std::mt19937& g, int lo, int hi, Case& c)
 {
-    for (int a = 0; a < 2; ++a) {
-        do c.r[a] = Draw(g, lo, hi), c.r[a + 2] = Draw(g, lo, hi);
-        while (c.r[a] == c.r[a + 2]);
-        if (c.r[a] > c.r[a + 2]) std::swap(c.r[a], c.r[a + 2]);
-    }
+    for (int a = 0; a < 2; ++a) c.r[a] = Draw(g, lo, hi - 1), c.r[a + 2] = Draw(g, c.r[a] + 1, hi);
 }
 
 // Star-shaped about (cx, cy): sorted angles, random radii.
@@ -209,7 +204,8 @@ std::vector<int> Star(std::mt19937& g, int n, double rmin, double rmax, double c
     std::vector<int> p;
     for (double t : angles) {
         const double r = Real(g, rmin, rmax);
-        p.insert(p.end(), {static_cast<int>(std::lround(cx + r * qel::cos(t))), static_cast<int>(std::lround(cy + r * qel::sin(t)))});
+        p.push_back(static_cast<int>(std::lround(cx + r * qel::cos(t))));
+        p.push_back(static_cast<int>(std::lround(cy + r * qel::sin(t))));
     }
     return p;
 }
@@ -220,10 +216,8 @@ std::vector<int> Orthogonal(std::mt19937& g, int columns, int span)
 {
     std::vector<int> p = {0, 0, 0, 0};
     for (int i = 0, x = 0, h = 0; i < columns; ++i) {
-        const int h0 = h;
-        while (h == h0) h = Draw(g, 1, span);
-        p.insert(p.end(), {x, h, x += Draw(g, 1, 4), h});
-        p[0] = x;
+        h = (h + Draw(g, 0, span - 2)) % span + 1;   // never the last height
+        p.insert(p.end(), {x, h, p[0] = x += Draw(g, 1, 4), h});
     }
     const int turn = Draw(g, 0, 3), dx = Draw(g, -10, 10), dy = Draw(g, -10, 10);
     for (std::size_t i = 0; i < p.size(); i += 2) {
@@ -278,10 +272,12 @@ Case Make(int kind, std::mt19937& g)
     }
     if (g() % 2) return c;
     std::vector<int> q;
-    for (std::size_t i = 0; i < c.pts.size(); i += 2)
+    const bool back = g() % 2;
+    for (std::size_t j = 0; j < c.pts.size(); j += 2) {
+        const std::size_t i = back ? c.pts.size() - 2 - j : j;
         for (int k = g() % 8 ? 1 : 2; k > 0; --k) q.insert(q.end(), {c.pts[i], c.pts[i + 1]});
+    }
     if (g() % 8 == 0) q.insert(q.end(), {q[0], q[1]});
-    if (g() % 2) for (std::size_t i = 0; i < q.size() / 2; i += 2) std::swap(q[i], q[q.size() - 2 - i]), std::swap(q[i + 1], q[q.size() - 1 - i]);
     c.pts.swap(q);
     return c;
 }

@@ -6,8 +6,6 @@
 #include "QELMemory.h"
 #include "clip/clip_predicates.h"
 #include "clip/contour.h"
-#include "clip/point_list.h"
-#include "clip/polygon_graph.h"
 
 namespace plainclip {
 namespace {
