@@ -57,6 +57,22 @@ Out Clip(const int* r, const std::vector<int>& poly, Clipper clip = Fast)
     return o;
 }
 
+bool Valid(const int* r, const std::vector<int>& poly) { return !poly.empty() && r[0] < r[2] && r[1] < r[3]; }
+
+// The fast clipper's result, held to the plain procedure's bits and, where
+// the linear pass takes the case, the pass to the graph merge's bits.
+Out Judge(const int* r, const std::vector<int>& poly, bool* taken)
+{
+    testalloc::Scope scope;
+    const Out o = Clip(r, poly);
+    EXPECT_TRUE(o == Clip(r, poly, plainclip::ClipPolygonWithRect));
+    const Out pass = Valid(r, poly) ? Clip(r, poly, qel::ClipCommonCase) : Out{qel::kNotCommonCase, {}, {}};   // callers check these
+    *taken = pass.code != qel::kNotCommonCase;
+    EXPECT_TRUE(!*taken || pass == Clip(r, poly, qel::ClipByGraphMerge));
+    EXPECT_EQ(scope.leaked(), 0u);
+    return o;
+}
+
 enum Pass { kAny, kDeclines, kTakes };
 
 struct Row {
@@ -153,26 +169,22 @@ TEST(ClipPolygonWithRect, Cases)
         {"repeated and closing points", {0, 0, 10, 10}, {-5, 5, -5, 5, 5, 16, 15, 5, 6, -5, -5, 5}, 0, {}, {}, kTakes},
     };
     for (const Row& row : rows) {
-        testalloc::Scope scope;
-        const bool valid = !row.poly.empty() && row.r[0] < row.r[2] && row.r[1] < row.r[3];
+        SCOPED_TRACE(row.what);
+        testalloc::reset();
         const Out o = Clip(row.r, row.poly);
-        EXPECT_TRUE(valid || testalloc::requests().empty()) << row.what;   // bad arguments take nothing
+        const std::size_t total = testalloc::requests().size();
+        EXPECT_TRUE(total == 0 || Valid(row.r, row.poly));   // bad arguments take nothing
         // Every request may fail: -1, the outputs untouched, nothing kept.
-        for (std::size_t f = 1, total = testalloc::requests().size(); o.code > 0 && f <= total + 1; ++f) {
+        for (std::size_t f = 1; o.code > 0 && f <= total + 1; ++f) {
             testalloc::reset();
             f <= total ? testalloc::fail_at(f) : testalloc::fail_from(1);
-            EXPECT_EQ(Clip(row.r, row.poly).code, -1) << row.what << ", request " << f;
+            EXPECT_EQ(Clip(row.r, row.poly).code, -1) << "request " << f;
         }
         testalloc::reset();
-        if (row.code != 0) {
-            EXPECT_TRUE((o == Out{row.code, row.counts, row.pts})) << row.what << ": code " << o.code;
-        }
-        EXPECT_TRUE(o == Clip(row.r, row.poly, plainclip::ClipPolygonWithRect)) << row.what;
-        if (!valid) continue;   // the pass's callers check these
-        const Out pass = Clip(row.r, row.poly, qel::ClipCommonCase);
-        EXPECT_TRUE(row.pass == kAny || (pass.code != qel::kNotCommonCase) == (row.pass == kTakes)) << row.what;
-        EXPECT_TRUE(pass.code == qel::kNotCommonCase || pass == Clip(row.r, row.poly, qel::ClipByGraphMerge)) << row.what;
-        EXPECT_EQ(scope.leaked(), 0u) << row.what;
+        EXPECT_TRUE(row.code == 0 || (o == Out{row.code, row.counts, row.pts})) << "code " << o.code;
+        bool taken;
+        EXPECT_TRUE(Judge(row.r, row.poly, &taken) == o);
+        EXPECT_TRUE(row.pass == kAny || taken == (row.pass == kTakes));
     }
     int* p = nullptr;
     testalloc::reset();
@@ -185,18 +197,13 @@ TEST(ClipPolygonWithRect, Cases)
 int Draw(std::mt19937& g, int lo, int hi) { return lo + static_cast<int>(g() % static_cast<unsigned>(hi - lo + 1)); }
 double Real(std::mt19937& g, double lo, double hi) { return lo + (hi - lo) * (g() / 4294967296.0); }
 
-struct Case {
-    int r[4];
-    std::vector<int> pts;
-};
-
-void Rectangle(std::mt19937& g, int lo, int hi, Case& c)
+void Rectangle(std::mt19937& g, int lo, int hi, Row& c)
 {
     for (int a = 0; a < 2; ++a) c.r[a] = Draw(g, lo, hi - 1), c.r[a + 2] = Draw(g, c.r[a] + 1, hi);
 }
 
-// Star-shaped about (cx, cy): sorted angles, random radii.
-std::vector<int> Star(std::mt19937& g, int n, double rmin, double rmax, double cx = 0, double cy = 0)
+// Star-shaped about the origin: sorted angles, random radii.
+std::vector<int> Star(std::mt19937& g, int n, double rmin, double rmax)
 {
     std::vector<double> angles(static_cast<std::size_t>(n));
     for (double& t : angles) t = Real(g, 0.0, 6.283185307179586);
@@ -204,8 +211,8 @@ std::vector<int> Star(std::mt19937& g, int n, double rmin, double rmax, double c
     std::vector<int> p;
     for (double t : angles) {
         const double r = Real(g, rmin, rmax);
-        p.push_back(static_cast<int>(std::lround(cx + r * qel::cos(t))));
-        p.push_back(static_cast<int>(std::lround(cy + r * qel::sin(t))));
+        p.push_back(static_cast<int>(std::lround(r * qel::cos(t))));
+        p.push_back(static_cast<int>(std::lround(r * qel::sin(t))));
     }
     return p;
 }
@@ -229,56 +236,42 @@ std::vector<int> Orthogonal(std::mt19937& g, int columns, int span)
 
 // The kinds of input: 0 touching (vertices on sides and corners), 1 aligned,
 // 2 sliver (vertices thrown far out: long thin spikes), 3 pinch (a side
-// through a vertex), 4 stars kept clear of ties, 5 far from the origin and
-// wide, 6 spiky (many crossings per side). Repeated points, a closing point
-// and reversal on top, save for the oracle's kinds.
-Case Make(int kind, std::mt19937& g)
+// through a vertex), 4 stars. Half of the aligned ones and stars get repeated
+// points, a closing point, or the reverse order.
+Row Make(int kind, std::mt19937& g)
 {
-    Case c;
+    Row c{};
     const int n = 4 + Draw(g, 0, 14);
     switch (kind) {
-    case 0: c.pts.resize(2 * static_cast<std::size_t>(Draw(g, 1, 8))); for (int& v : c.pts) v = Draw(g, -3, 3); Rectangle(g, -2, 2, c); return c;
-    case 1: c.pts = Orthogonal(g, Draw(g, 2, 10), 12); Rectangle(g, -14, 14, c); break;
+    case 0: c.poly.resize(2 * static_cast<std::size_t>(Draw(g, 1, 8))); for (int& v : c.poly) v = Draw(g, -3, 3); Rectangle(g, -2, 2, c); return c;
+    case 1: c.poly = Orthogonal(g, Draw(g, 2, 10), 12); Rectangle(g, -14, 14, c); break;
     case 2:
-        c.pts = Star(g, n, 2, 15);
+        c.poly = Star(g, n, 2, 15);
         for (int i = 0; i < 2 * n; i += 2) {
-            const double s = g() % 3 ? 1.0 : Real(g, 1e3, 1e5) / std::hypot(c.pts[i], c.pts[i + 1] + 0.5);
-            c.pts[i] = static_cast<int>(std::lround(c.pts[i] * s)), c.pts[i + 1] = static_cast<int>(std::lround(c.pts[i + 1] * s));
+            const double s = g() % 3 ? 1.0 : Real(g, 1e3, 1e5) / std::hypot(c.poly[i], c.poly[i + 1] + 0.5);
+            c.poly[i] = static_cast<int>(std::lround(c.poly[i] * s)), c.poly[i + 1] = static_cast<int>(std::lround(c.poly[i + 1] * s));
         }
         Rectangle(g, -12, 12, c);
         return c;
     case 3: {
-        c.pts = Star(g, n, 3, 20);
+        c.poly = Star(g, n, 3, 20);
         Rectangle(g, -22, 22, c);
         const int i = Draw(g, 0, n - 1), a = Draw(g, 0, 3);
-        c.r[a] = c.pts[2 * i + a % 2];
+        c.r[a] = c.poly[2 * i + a % 2];
         c.r[(a + 2) % 4] = c.r[a] + (a < 2 ? 1 : -1) * Draw(g, 1, 20);
         return c;
     }
-    case 4: c.pts = Star(g, Draw(g, 3, 40), Draw(g, 0, 2) ? 4 : 20, 20); Rectangle(g, -24, 24, c); break;
-    case 5: {
-        const double scale = g() % 2 ? 1e5 : 3e3, cx = g() % 3 ? -1.5e9 : 2e9;
-        c.pts = Star(g, Draw(g, 3, 30), 0.2 * scale, scale, cx, 1e9);
-        const int h = static_cast<int>(0.6 * scale);
-        c.r[0] = static_cast<int>(cx) - h + Draw(g, 0, 6), c.r[2] = static_cast<int>(cx) + h;
-        c.r[1] = 1000000000 - h, c.r[3] = 1000000000 + h - Draw(g, 0, 6);
-        break;
-    }
-    default: {
-        c.pts = Star(g, Draw(g, 100, 400), 300, 1000);
-        const int h = Draw(g, 450, 750);
-        c.r[0] = -h + Draw(g, 0, 49), c.r[1] = -h, c.r[2] = h, c.r[3] = h - Draw(g, 0, 49);
-    }
+    default: c.poly = Star(g, Draw(g, 3, 40), Draw(g, 0, 2) ? 4 : 20, 20); Rectangle(g, -24, 24, c);
     }
     if (g() % 2) return c;
     std::vector<int> q;
     const bool back = g() % 2;
-    for (std::size_t j = 0; j < c.pts.size(); j += 2) {
-        const std::size_t i = back ? c.pts.size() - 2 - j : j;
-        for (int k = g() % 8 ? 1 : 2; k > 0; --k) q.insert(q.end(), {c.pts[i], c.pts[i + 1]});
+    for (std::size_t j = 0; j < c.poly.size(); j += 2) {
+        const std::size_t i = back ? c.poly.size() - 2 - j : j;
+        for (int k = g() % 8 ? 1 : 2; k > 0; --k) q.insert(q.end(), {c.poly[i], c.poly[i + 1]});
     }
     if (g() % 8 == 0) q.insert(q.end(), {q[0], q[1]});
-    c.pts.swap(q);
+    c.poly.swap(q);
     return c;
 }
 
@@ -291,31 +284,25 @@ Case Make(int kind, std::mt19937& g)
 // result agrees with the exact intersection.
 TEST(ClipPolygonWithRect, RandomCorpora)
 {
-    for (int kind = 0; kind < 7; ++kind) {
+    for (int kind = 0; kind < 5 && !HasFailure(); ++kind) {
         std::mt19937 g(static_cast<unsigned>(kind + 1));
-        int clipped = 0, taken = 0, failures = 0;
+        int clipped = 0, taken = 0;
 #ifdef QEL_CLIP_ORACLE
         cliporacle::Deviation dev;
 #endif
-        const int cases = kind == 6 ? QEL_CLIP_CASES / 10 : QEL_CLIP_CASES;
-        for (int i = 0; i < cases && failures < 5; ++i) {
-            const Case c = Make(kind, g);
-            testalloc::Scope scope;
-            const Out f = Clip(c.r, c.pts), pass = Clip(c.r, c.pts, qel::ClipCommonCase);
-            std::string why = f == Clip(c.r, c.pts, plainclip::ClipPolygonWithRect) ? "" : "plain differs\n";
-            if (pass.code != qel::kNotCommonCase && !(pass == Clip(c.r, c.pts, qel::ClipByGraphMerge))) why += "merge differs\n";
-            if (scope.leaked() != 0) why += "a block kept\n";
+        const int cases = QEL_CLIP_CASES;
+        for (int i = 0; i < cases && !HasFailure(); ++i) {
+            const Row c = Make(kind, g);
+            SCOPED_TRACE(testing::Message() << "rect " << testing::PrintToString(c.r) << " poly " << testing::PrintToString(c.poly));
+            bool took;
+            clipped += Judge(c.r, c.poly, &took).code > 0;
+            taken += took;
 #ifdef QEL_CLIP_ORACLE
-            why += cliporacle::Check(c.r[0], c.r[1], c.r[2], c.r[3], c.pts, dev);
+            EXPECT_EQ(cliporacle::Check(c.r[0], c.r[1], c.r[2], c.r[3], c.poly, dev), "");
 #endif
-            for (int v : c.pts) why += why.empty() ? "" : " " + std::to_string(v);
-            if (!why.empty()) ADD_FAILURE() << "kind " << kind << " rect " << c.r[0] << " " << c.r[1] << " " << c.r[2] << " " << c.r[3] << ": " << why;
-            failures += !why.empty();
-            clipped += f.code > 0;
-            taken += pass.code != qel::kNotCommonCase;
         }
         EXPECT_GE(clipped, cases / 5) << kind;
-        EXPECT_GE(taken, kind == 4 || kind == 6 ? cases / 3 : 0) << kind;
+        EXPECT_GE(taken, kind == 4 ? cases / 3 : 0) << kind;
     }
 }
 
