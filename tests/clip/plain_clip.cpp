@@ -16,12 +16,7 @@ using qel::PolygonGraph;
 using Pt = std::array<double, 2>;
 
 template <class L>
-Pt At(const L& l, int i)
-{
-    double x, y;
-    l.GetPoint(i, &x, &y);
-    return {x, y};
-}
+Pt At(const L& l, int i) { Pt p; l.GetPoint(i, &p[0], &p[1]); return p; }
 
 // Takes out, one at a time, the vertices p and the edges P-Q for which out
 // holds.
