@@ -9,67 +9,56 @@ namespace {
 
 using namespace mectest;
 
-// Small sets with their circle and the reordered array pinned, and sets
-// that fuzzing or review found: each must also match the plain search.
+// Small sets with their circle and reordered array pinned, and sets that
+// fuzzing or review found; each must also match the plain search.
 TEST(EnclosingCircle, PinnedCirclesAndRegressions)
 {
     const struct { Points pts; Circle want; Points reordered; } rows[] = {
-        {{3, 4}, {3, 4, 0}, {3, 4}},
-        {{0, 0, 4, 0}, {2, 0, 2}, {0, 0, 4, 0}},
+        {{3, 4}, {3, 4, 0}, {3, 4}}, {{0, 0, 4, 0}, {2, 0, 2}, {0, 0, 4, 0}},
         {{0, 0, 4, 0, 2, 1}, {2, 0, 2}, {2, 1, 0, 0, 4, 0}},   // a pair's circle holds the third
         {{0, 0, 4, 0, 2, 3}, {2, 0.8333333333333334, 2.1666666666666665}, {2, 3, 0, 0, 4, 0}},
-        {{0, 0, 10, 0, 10, 10, 0, 10, 5, 5}, {5, 5, std::sqrt(50.0)}, {10, 10, 0, 10, 0, 0, 10, 0, 5, 5}},
+        {{0, 0, 10, 0, 10, 10, 0, 10, 5, 5}, {5, 5, 7.0710678118654755}, {10, 10, 0, 10, 0, 0, 10, 0, 5, 5}},
         // On x^2 + y^2 = 13, none opposite: without the slack every triple
         // fails by a rounding and the box's circle (sqrt(15.25)) stays.
         {{-3, -2, -3, 2, 2, -3, 2, 3}, {0, 0, 3.6055512754639891}, {}},
         // (10, 5 + 3e-5) is within the tolerance of the vertex (10, 5) but
         // 1.2e-11 outside the circle of the other three: it stays a candidate.
         {{0, 0, 10, 5, 0, 10, 10, 5 + 3e-5, 3, 3}, {3.750000000045, 5.0000000000000009, 6.2500000000269997}, {}},
-        // An exact duplicate of a vertex is set aside.
-        {{0, 0, 10, 0, 0, 10, 10, 0, 3, 3}, {5, 5, 7.0710678118654755}, {}},
+        {{0, 0, 10, 0, 0, 10, 10, 0, 3, 3}, {5, 5, 7.0710678118654755}, {}},   // a duplicate vertex is set aside
         // Collinear far beyond the spread across: a point between two others
         // sees them almost straight behind one another.
         {{0, 0x1p76, 0, 30, 0, 0x1p76 - 0x1p23, 218600626, -672783360, 0, 0}, {0, 0x1p75, 0x1p75}, {}},
         {{0, 0x1p55, 0, 0, 5.0000000000000036, 16, 0, 0x1p55 - 4}, {2.5000000000000018, 0x1p54 + 8, 0x1.ffffffffffffcp+53}, {}},
     };
     for (const auto& row : rows) {
-        EXPECT_TRUE(agrees(row.pts)) << &row - rows;
         Points p = row.pts;
         Circle c = fast(p);
-        EXPECT_TRUE(c.cx == row.want.cx && c.cy == row.want.cy && c.r == row.want.r) << &row - rows;
+        EXPECT_TRUE(agrees(row.pts) && c.cx == row.want.cx && c.cy == row.want.cy && c.r == row.want.r) << &row - rows;
         EXPECT_TRUE(row.reordered.empty() || p == row.reordered) << &row - rows;
     }
 }
 
 // Nothing is read, written or requested for n <= 0; 16n then 4n bytes for
-// n >= 3, and a failed k-th request writes nothing and leaks nothing.
+// n >= 3. A failed k-th request writes nothing and leaks nothing; the
+// extreme points are moved to the front before the second.
 TEST(EnclosingCircle, RequestsAndFailures)
 {
-    for (int n : {-3, 0, 2, 3, 5, 17}) {
-        std::mt19937_64 g(n + 10);
-        Points pts = disc(g, std::max(n, 1), 1.0), copy = pts;
+    const Points square = {0, 0, 10, 0, 10, 10, 0, 10, 5, 5}, moved = {10, 10, 0, 10, 0, 0, 10, 0, 5, 5};
+    for (int n : {-3, 0, 2, 3, 5, 17, 105, 205}) {   // n + 100 k: the k-th request fails
+        std::mt19937_64 g(n);
+        Points pts = n < 100 ? disc(g, std::max(n, 1), 1.0) : square, copy = pts;
+        const int k = n / 100, m = n % 100;
         testalloc::Scope scope;
+        testalloc::fail_at(std::size_t(k));
         double centre[2] = {-7, -8}, radius = -9;
-        MinimumRadiusCircleFromPoints(pts.data(), n, centre, &radius);
-        std::vector<std::uint32_t> want;
-        if (n >= 3) want = {std::uint32_t(16 * n), std::uint32_t(4 * n)};
-        EXPECT_EQ(testalloc::requests(), want) << n;
-        EXPECT_EQ(scope.leaked(), 0u);
-        EXPECT_TRUE(n > 0 || (centre[0] == -7 && centre[1] == -8 && radius == -9 && pts == copy));
-    }
-    const Points original = {0, 0, 10, 0, 10, 10, 0, 10, 5, 5};
-    for (std::size_t k = 1; k <= 2; ++k) {
-        Points pts = original;
-        double centre[2] = {-7, -8}, radius = -9;
-        testalloc::Scope scope;
-        testalloc::fail_at(k);
-        MinimumRadiusCircleFromPoints(pts.data(), 5, centre, &radius);
+        MinimumRadiusCircleFromPoints(pts.data(), m, centre, &radius);
         testalloc::fail_at(0);
-        EXPECT_TRUE(centre[0] == -7 && centre[1] == -8 && radius == -9) << k;
-        EXPECT_EQ(scope.leaked(), 0u);
-        EXPECT_EQ(testalloc::frees(), k - 1);
-        // The extreme points are moved to the front before the second request.
-        EXPECT_EQ(pts, (k == 1 ? original : Points{10, 10, 0, 10, 0, 0, 10, 0, 5, 5}));
+        std::vector<std::uint32_t> want = {std::uint32_t(16 * m), std::uint32_t(4 * m)};
+        want.resize(m < 3 ? 0 : k ? std::size_t(k) : 2);
+        EXPECT_TRUE(testalloc::requests() == want && scope.leaked() == 0) << n;
+        EXPECT_EQ(testalloc::frees(), k ? std::size_t(k - 1) : want.size()) << n;
+        EXPECT_TRUE((n > 0 && n < 100) || (centre[0] == -7 && centre[1] == -8 && radius == -9)) << n;
+        EXPECT_EQ(pts, n <= 0 || n == 105 ? copy : n == 205 ? moved : pts) << n;
     }
 }
 
@@ -79,6 +68,7 @@ TEST(EnclosingCircle, RequestsAndFailures)
 TEST(EnclosingCircle, MatchesPlainSearch)
 {
     std::mt19937_64 g(20261123);
+    std::uniform_real_distribution<double> u(0, 1);
     for (int round = 0; round < 60 * QEL_MEC_ROUNDS; ++round) {
         int n = 3 + round % 22;
         qel::cap_simd_level(round % 2 ? qel::SimdLevel::kBaseline : qel::SimdLevel::kAvx512);
@@ -87,18 +77,18 @@ TEST(EnclosingCircle, MatchesPlainSearch)
         std::vector<Points> sets = {disc(g, n, scale), disc(g, n, 1e6), grid(g, n, 4), grid(g, n, 1),
                                     grid(g, n, 8, true), on_circle(g, n + 5, scale * 3, false),
                                     on_circle(g, n + 5, 1e-3, true), rectangle(g, n % 5, false),
-                                    rectangle(g, 1 + n / 4, true), disc(g, 10, 1.0)};
-        // A sliver, a ring around a disc, a point just inside a vertex, a
-        // closed outline, collinear runs on a chord, NaN and infinity.
-        std::uniform_real_distribution<double> u(0, 1);
-        Points ring = on_circle(g, 20, 2.0, false), chord = on_circle(g, 8, 1.0, false), sliver;
-        for (int i = 0; i < n + 5; ++i) { double t = u(g); sliver.insert(sliver.end(), {t, 3 * t + (i % 3 ? 0 : 1e-14 * u(g))}); }
+                                    rectangle(g, 1 + n / 4, true), disc(g, 10, 1.0), on_circle(g, 8, 1.0, false), {}};
+        // A ring around a disc, a point just inside a vertex and a closed
+        // outline, NaN and infinity, collinear runs on a chord, a sliver.
+        Points ring = on_circle(g, 20, 2.0, false), &dent = sets[6], &chord = sets[10];
         sets[1].insert(sets[1].end(), ring.begin(), ring.end());
-        sets[6].insert(sets[6].end(), {sets[6][4] * (1 - 1e-6), sets[6][5] * (1 - 1e-6), sets[6][0], sets[6][1]});
-        for (int i = 0; i < n; ++i) chord.insert(chord.end(), {chord[0] + (chord[2] - chord[0]) * i / n, chord[1] + (chord[3] - chord[1]) * i / n});
-        sets.insert(sets.end(), {chord, sliver});
-        sets[9][4] = round % 3 ? INFINITY : std::nan("");
-        if (round % 4 == 0) sets[9][7] = -INFINITY;
+        dent.insert(dent.end(), {dent[4] * (1 - 1e-6), dent[5] * (1 - 1e-6), dent[0], dent[1]});
+        sets[9][4] = round % 3 ? INFINITY : std::nan(""), sets[9][7] = round % 4 ? sets[9][7] : -INFINITY;
+        for (int i = 0; i < n; ++i) {
+            chord.insert(chord.end(), {chord[0] + (chord[2] - chord[0]) * i / n, chord[1] + (chord[3] - chord[1]) * i / n});
+            double t = u(g);
+            sets[11].insert(sets[11].end(), {t, 3 * t + (i % 3 ? 0 : 1e-14 * u(g))});
+        }
         for (const Points& s : sets) ASSERT_TRUE(agrees(s)) << "round " << round << " set " << &s - sets.data();
     }
     qel::cap_simd_level(qel::SimdLevel::kAvx512);

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <random>
 #include <vector>
@@ -25,8 +23,7 @@ Circle fast(Points& pts)
     Circle c;
     double centre[2] = {c.cx, c.cy};
     Search(pts.data(), static_cast<int>(pts.size() / 2), centre, &c.r);
-    c.cx = centre[0], c.cy = centre[1];
-    return c;
+    return {centre[0], centre[1], c.r};
 }
 
 // Both run on copies: outputs and reordered arrays equal to the bit, and the
@@ -39,24 +36,23 @@ inline ::testing::AssertionResult agrees(const Points& pts)
     auto requests = testalloc::requests();
     testalloc::reset();
     Circle p = fast<mecref::reference_mec>(b);
-    if (std::memcmp(&f, &p, sizeof f) != 0 || std::memcmp(a.data(), b.data(), 8 * a.size()) != 0 ||
-        requests != testalloc::requests())
-        return ::testing::AssertionFailure() << "fast (" << f.cx << ", " << f.cy << ", " << f.r << ") plain ("
-                                             << p.cx << ", " << p.cy << ", " << p.r << ") n = " << pts.size() / 2;
-    return ::testing::AssertionSuccess();
+    if (std::memcmp(&f, &p, sizeof f) == 0 && std::memcmp(a.data(), b.data(), 8 * a.size()) == 0 &&
+        requests == testalloc::requests())
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "fast (" << f.cx << ", " << f.cy << ", " << f.r << ") plain (" << p.cx
+                                         << ", " << p.cy << ", " << p.r << ") n = " << pts.size() / 2;
 }
 
 inline Points disc(std::mt19937_64& g, int n, double scale)
 {
     std::uniform_real_distribution<double> u(-1, 1);
     Points pts;
-    while (static_cast<int>(pts.size()) < 2 * n) {
-        double x = u(g), y = u(g);
+    for (double x = u(g), y = u(g); static_cast<int>(pts.size()) < 2 * n; x = u(g), y = u(g))
         if (x * x + y * y <= 1) pts.insert(pts.end(), {x * scale, y * scale});
-    }
     return pts;
 }
 
+// On a circle around a random centre, at random or evenly spaced angles.
 inline Points on_circle(std::mt19937_64& g, int n, double r, bool regular)
 {
     std::uniform_real_distribution<double> u(0, 6.283185307179586), off(-100, 100);
@@ -76,26 +72,24 @@ inline Points grid(std::mt19937_64& g, int n, int side, bool on_ring = false)
     std::uniform_int_distribution<int> u(-side, side);
     const int r2 = g() & 1 ? 65 : 25;
     Points pts;
-    while (static_cast<int>(pts.size()) < 2 * n) {
-        int x = u(g), y = u(g);
+    for (int x = u(g), y = u(g); static_cast<int>(pts.size()) < 2 * n; x = u(g), y = u(g))
         if (!on_ring || x * x + y * y == r2) pts.insert(pts.end(), {double(x), double(y)});
-    }
     return pts;
 }
 
-// A rectangle turned by a random angle with points inside, or the outline of
-// an upright one with points along its sides in random order.
+// A rectangle turned by a random angle with points inside, or an upright
+// outline with points along its sides, in random order.
 inline Points rectangle(std::mt19937_64& g, int extra, bool outline)
 {
     std::uniform_real_distribution<double> u(0, 3.141592653589793), side(0.1, 10), in(-0.5, 0.5);
     double a = outline ? 0 : u(g), w = side(g), h = side(g), c = std::cos(a), s = std::sin(a);
     std::vector<std::pair<double, double>> p = {{-w / 2, -h / 2}, {w / 2, -h / 2}, {w / 2, h / 2}, {-w / 2, h / 2}};
-    for (int i = 0; i < extra && !outline; ++i) p.push_back({in(g) * w, in(g) * h});
-    for (int i = 0; i < extra && outline; ++i) {
+    for (int i = 0; i < extra; ++i) {
         double t = static_cast<double>(i) / extra - 0.5;
-        p.insert(p.end(), {{t * w, -h / 2}, {w / 2, t * h}, {-t * w, h / 2}, {-w / 2, -t * h}});
+        if (outline) p.insert(p.end(), {{t * w, -h / 2}, {w / 2, t * h}, {-t * w, h / 2}, {-w / 2, -t * h}});
+        else p.push_back({in(g) * w, in(g) * h});
     }
-    if (outline) std::shuffle(p.begin(), p.end(), g);
+    std::shuffle(p.begin() + (outline ? 0 : 4), p.end(), g);
     Points pts;
     for (auto& q : p) pts.insert(pts.end(), {c * q.first - s * q.second, s * q.first + c * q.second});
     return pts;

@@ -16,24 +16,19 @@ namespace mecref {
 
 inline void reference_mec(double* pts, int n, double* centre, double* radius)
 {
-    if (n <= 0) return;
-    if (n <= 2) {
-        double* q = pts + 2 * (n - 1);
-        centre[0] = (pts[0] + q[0]) * 0.5;
-        centre[1] = (pts[1] + q[1]) * 0.5;
-        *radius = n == 1 ? 0 : 0.5 * math_Distance2d(pts, q);
-        if (n == 1) centre[0] = pts[0], centre[1] = pts[1];
-        return;
+    if (n == 1) centre[0] = pts[0], centre[1] = pts[1], *radius = 0;
+    if (n == 2) {
+        centre[0] = (pts[0] + pts[2]) * 0.5, centre[1] = (pts[1] + pts[3]) * 0.5;
+        *radius = 0.5 * math_Distance2d(pts, pts + 2);
     }
-    double* cand = static_cast<double*>(mem_malloc(static_cast<std::uint32_t>(2 * sizeof(double) * n)));
+    double* cand = n < 3 ? nullptr : static_cast<double*>(mem_malloc(static_cast<std::uint32_t>(16 * n)));
     if (cand == nullptr) return;
 
     // The point farthest (in x + y distance) from the mean in each quadrant,
     // counter-clockwise from the upper right, goes to the front.
-    double sx = 0, sy = 0;
+    double sx = 0, sy = 0, best[4] = {0, 0, 0, 0};
     for (int i = 0; i < n; ++i) sx += pts[2 * i], sy += pts[2 * i + 1];
     const double cx = sx / n, cy = sy / n;
-    double best[4] = {0, 0, 0, 0};
     int at[4] = {0, 0, 0, 0};
     for (int i = 0; i < n; ++i) {
         double x = pts[2 * i], y = pts[2 * i + 1];
@@ -43,18 +38,16 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
         if (s > best[q]) best[q] = s, at[q] = i;
     }
     for (int k = 0; k < std::min(n, 4); ++k) {
-        std::swap(pts[2 * k], pts[2 * at[k]]);
-        std::swap(pts[2 * k + 1], pts[2 * at[k] + 1]);
-        for (int l = k + 1; l < 4; ++l)
-            if (at[l] == k) at[l] = at[k];
+        std::swap(pts[2 * k], pts[2 * at[k]]), std::swap(pts[2 * k + 1], pts[2 * at[k] + 1]);
+        for (int l = k + 1; l < 4; ++l) at[l] = at[l] == k ? at[k] : at[l];
     }
 
-    // Set aside every point inside some triangle of the others, or on an
-    // exactly equal vertex of one.
+    // Set aside every point inside a triangle of others or on an exactly
+    // equal vertex of one.
     int* flag = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(sizeof(int) * n)));
     if (flag == nullptr) return mem_free(cand);
     auto same = [pts](int a, int b) { return pts[2 * a] == pts[2 * b] && pts[2 * a + 1] == pts[2 * b + 1]; };
-    for (int i = 0; i < n; ++i) flag[i] = 0;
+    std::fill(flag, flag + n, 0);
     for (int i = 0; i < n; ++i)
         for (int j = i + 1; j < n && !flag[i]; ++j)
             for (int k = j + 1; k < n && !flag[j]; ++k)
@@ -68,40 +61,35 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
         if (!flag[i]) cand[2 * m] = pts[2 * i], cand[2 * m + 1] = pts[2 * i + 1], ++m;
     mem_free(flag);
 
-    // Start from the bounding box's circle (its squared radius, kept as is
-    // when nothing better is found), then pairs, then triples.
-    double xmin = cand[0], xmax = cand[0], ymin = cand[1], ymax = cand[1];
+    // The bounding box's circle (its squared radius is what remains written
+    // if nothing better is found), then pairs, then triples.
+    double xmin = cand[0], xmax = cand[0], ymin = cand[1], ymax = cand[1], v = 0;
     for (int i = 1; i < m; ++i) {
         xmin = std::min(xmin, cand[2 * i]), xmax = std::max(xmax, cand[2 * i]);
         ymin = std::min(ymin, cand[2 * i + 1]), ymax = std::max(ymax, cand[2 * i + 1]);
     }
-    centre[0] = 0.5 * (xmin + xmax);
-    centre[1] = 0.5 * (ymin + ymax);
+    centre[0] = 0.5 * (xmin + xmax), centre[1] = 0.5 * (ymin + ymax);
     double R = (centre[0] - xmin) * (centre[0] - xmin) + (centre[1] - ymin) * (centre[1] - ymin);
     *radius = R;
     auto holds = [cand, m](const double* c, double r2, int i, int j, int k) {
         for (int q = 0; q < m; ++q) {
-            if (q == i || q == j || q == k) continue;
             double dx = cand[2 * q] - c[0], dy = cand[2 * q + 1] - c[1];
-            if (dx * dx + dy * dy > r2 * (1.0 + 1e-12)) return false;
+            if (q != i && q != j && q != k && dx * dx + dy * dy > r2 * (1.0 + 1e-12)) return false;
         }
         return true;
     };
-    double v = 0;   // the largest circle seen that failed
-    bool taken = false;
+    bool taken = false;   // v: the largest pair circle that failed
     for (int i = 0; i < m; ++i)
         for (int j = i + 1; j < m; ++j) {
             double c[2] = {(cand[2 * i] + cand[2 * j]) * 0.5, (cand[2 * j + 1] + cand[2 * i + 1]) * 0.5};
             double r2 = (cand[2 * i + 1] - c[1]) * (cand[2 * i + 1] - c[1]) + (cand[2 * i] - c[0]) * (cand[2 * i] - c[0]);
-            if (r2 <= v) continue;
-            if (!holds(c, r2, i, j, -1)) v = r2;
-            else if (r2 < R) centre[0] = c[0], centre[1] = c[1], R = r2, taken = true;
+            if (r2 > v && !holds(c, r2, i, j, -1)) v = r2;
+            else if (r2 > v && r2 < R) centre[0] = c[0], centre[1] = c[1], R = r2, taken = true;
         }
     for (int i = 0; i < m && !taken; ++i)
         for (int j = i + 1; j < m; ++j)
             for (int k = j + 1; k < m; ++k) {
-                double c[2];
-                double r = TriangleCircumCircle(cand + 2 * i, cand + 2 * j, cand + 2 * k, c);
+                double c[2], r = TriangleCircumCircle(cand + 2 * i, cand + 2 * j, cand + 2 * k, c);
                 if (v < r * r && holds(c, r * r, i, j, k) && R > r * r) centre[0] = c[0], centre[1] = c[1], R = r * r;
             }
     *radius = std::sqrt(R);
