@@ -30,11 +30,9 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     for (int i = 0; i < n; ++i) sx += pts[2 * i], sy += pts[2 * i + 1];
     const double cx = sx / n, cy = sy / n;
     int at[4] = {0, 0, 0, 0};
-    for (int i = 0; i < n; ++i) {
-        double x = pts[2 * i], y = pts[2 * i + 1];
-        if (std::isunordered(x, cx) || std::isunordered(y, cy)) continue;
+    for (int i = 0; i < n; ++i) {   // a NaN anywhere makes s NaN: no quadrant
+        double x = pts[2 * i], y = pts[2 * i + 1], s = (x >= cx ? x - cx : cx - x) + (y >= cy ? y - cy : cy - y);
         int q = x >= cx ? (y >= cy ? 0 : 3) : (y >= cy ? 1 : 2);
-        double s = (x >= cx ? x - cx : cx - x) + (y >= cy ? y - cy : cy - y);
         if (s > best[q]) best[q] = s, at[q] = i;
     }
     for (int k = 0; k < std::min(n, 4); ++k) {
@@ -64,18 +62,16 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     // The bounding box's circle (its squared radius is what remains written
     // if nothing better is found), then pairs, then triples.
     double xmin = cand[0], xmax = cand[0], ymin = cand[1], ymax = cand[1], v = 0;
-    for (int i = 1; i < m; ++i) {
-        xmin = std::min(xmin, cand[2 * i]), xmax = std::max(xmax, cand[2 * i]);
+    for (int i = 1; i < m; ++i)
+        xmin = std::min(xmin, cand[2 * i]), xmax = std::max(xmax, cand[2 * i]),
         ymin = std::min(ymin, cand[2 * i + 1]), ymax = std::max(ymax, cand[2 * i + 1]);
-    }
     centre[0] = 0.5 * (xmin + xmax), centre[1] = 0.5 * (ymin + ymax);
     double R = (centre[0] - xmin) * (centre[0] - xmin) + (centre[1] - ymin) * (centre[1] - ymin);
     *radius = R;
     auto holds = [cand, m](const double* c, double r2, int i, int j, int k) {
-        for (int q = 0; q < m; ++q) {
-            double dx = cand[2 * q] - c[0], dy = cand[2 * q + 1] - c[1];
-            if (q != i && q != j && q != k && dx * dx + dy * dy > r2 * (1.0 + 1e-12)) return false;
-        }
+        for (int q = 0; q < m; ++q)
+            if (q != i && q != j && q != k && (cand[2 * q] - c[0]) * (cand[2 * q] - c[0]) +
+                (cand[2 * q + 1] - c[1]) * (cand[2 * q + 1] - c[1]) > r2 * (1.0 + 1e-12)) return false;
         return true;
     };
     bool taken = false;   // v: the largest pair circle that failed
