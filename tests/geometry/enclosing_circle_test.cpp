@@ -1,10 +1,6 @@
 #include "foundation/cpu.h"
 #include "geometry/mec_cases.h"
 
-#ifndef QEL_MEC_ROUNDS
-#define QEL_MEC_ROUNDS 1
-#endif
-
 namespace {
 
 using namespace mectest;
@@ -31,7 +27,7 @@ TEST(EnclosingCircle, PinnedCirclesAndRegressions)
     };
     for (const auto& row : rows) {
         Points p = row.pts;
-        Circle c = fast(p);
+        const Circle c = fast(p);
         EXPECT_TRUE(agrees(row.pts) && c.cx == row.want.cx && c.cy == row.want.cy && c.r == row.want.r) << &row - rows;
         EXPECT_TRUE(row.reordered.empty() || p == row.reordered) << &row - rows;
     }
@@ -64,7 +60,7 @@ TEST(EnclosingCircle, MatchesPlainSearch)
 {
     std::mt19937_64 g(20261123);
     std::uniform_real_distribution<double> u(0, 1);
-    for (int round = 0; round < 60 * QEL_MEC_ROUNDS; ++round) {
+    for (int round = 0; round < 60 * QEL_MEC_ROUNDS; ++round) {   // the build sets 1, or 20 when long
         int n = 3 + round % 22;
         qel::cap_simd_level(round % 2 ? qel::SimdLevel::kBaseline : qel::SimdLevel::kAvx512);
         math_SetDoubleTolerance(round % 5 == 4 ? std::vector<double>{0.0, -1.0, 1e-3, 10.0}[round / 5 % 4] : 1e-9);

@@ -17,10 +17,7 @@ namespace mecref {
 inline void reference_mec(double* pts, int n, double* centre, double* radius)
 {
     if (n == 1) centre[0] = pts[0], centre[1] = pts[1], *radius = 0;
-    if (n == 2) {
-        centre[0] = (pts[0] + pts[2]) * 0.5, centre[1] = (pts[1] + pts[3]) * 0.5;
-        *radius = 0.5 * math_Distance2d(pts, pts + 2);
-    }
+    if (n == 2) centre[0] = (pts[0] + pts[2]) * 0.5, centre[1] = (pts[1] + pts[3]) * 0.5, *radius = 0.5 * math_Distance2d(pts, pts + 2);
     double* cand = n < 3 ? nullptr : static_cast<double*>(mem_malloc(static_cast<std::uint32_t>(16 * n)));
     if (cand == nullptr) return;
 
