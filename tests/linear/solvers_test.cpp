@@ -158,9 +158,13 @@ TEST(ClosedForms, DefinedBitsChoiceOfEquationsAndFallbacks)
         // pivot below the threshold.
         {3, {1e10, 0, 0, 0, 1e-10, 0, 0, 0, 1e-10}, {1, 2, 3}, 1, {bits(1e-10), bits(2e10), bits(3e10)}},
         {3, {100, 0, 0, 0, 1e-17, 0, 0, 0, 1}, {1, 2, 3}, 0, {}},
+        {3, {2, 0, 0, 0, kEps, 0, 0, 0, 1}, {1, 2, 3}, 0, {}},   // a minor at the threshold is refused
         {4, {5, 1, 2, 0, 1, 6, 1, 2, 2, 1, 7, 1, 0, 2, 1, 8}, {1, 2, 3, 4}, 1,
          {0x3fa3f4072ee3ddaeu, 0x3fc0761f86af307du, 0x3fd5a635dfacfe9au, 0x3fdb3c7553347a1du}},
         {4, {1e3, 0, 0, 0, 0, 1e3, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1e-17}, {1, 2, 3, 4}, 0, {}},
+        // D passes, the second pair's determinant is at the threshold: full
+        // elimination, whose last pivot is too.
+        {4, {1, 0, 2, 0, 0, 1, -1, 0, 0, 0, 3, 0, 0, 0, -3, kEps}, {1, 2, 3, 4}, 0, {}},
         {4, {1, 2, 3, 4, 2, 4, 6, 8, 0, 1, 0, 1, 1, 0, 1, 0}, {1, 2, 3, 4}, 0, {}},
     };
     for (const Row& r : rows) {
@@ -252,13 +256,9 @@ TEST(Scratch, OneBlockOfNIntsBackOnEveryPathAndFailureTouchesNothing)
             }
     testalloc::Scope scope;
     double a[4] = {1, 2, 3, 4}, b[4] = {5, 6, 7, 8};
-    EXPECT_EQ(linear_Gauss(a, b, -1), 0);
-    EXPECT_EQ(linear_Gauss(a, a + 2, -3, b, b + 2), 0);
-    EXPECT_EQ(linear_GaussJordan(a, b, -1, 1), 0);
-    EXPECT_EQ(linear_GaussJordan(a, b, 2, -1), 0);
-    EXPECT_EQ(linear_GaussJordan(a, a + 2, b, b + 2, -1, 1), 0);
-    EXPECT_EQ(linear_GaussJordan(a, a + 2, b, b + 2, 1, -1), 0);
-    EXPECT_EQ(linear_SparsenessGaussJordan(a, -2, b), 0);
+    EXPECT_EQ(linear_Gauss(a, b, -1) + linear_Gauss(a, a + 2, -3, b, b + 2) + linear_SparsenessGaussJordan(a, -2, b), 0);
+    EXPECT_EQ(linear_GaussJordan(a, b, -1, 1) + linear_GaussJordan(a, b, 2, -1), 0);
+    EXPECT_EQ(linear_GaussJordan(a, a + 2, b, b + 2, -1, 1) + linear_GaussJordan(a, a + 2, b, b + 2, 1, -1), 0);
     EXPECT_TRUE(testalloc::requests().empty());
     EXPECT_TRUE(Vec(a, a + 4) == (Vec{1, 2, 3, 4}) && Vec(b, b + 4) == (Vec{5, 6, 7, 8}));
 }
