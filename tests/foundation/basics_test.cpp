@@ -30,8 +30,10 @@ TEST(Vectors, WrittenInPlace)
     VectorCrossProduct(a, b, b);
     VectorCrossProduct(a, b, a);  // (1, 2, 3) x (-3, 6, -3)
     math_Polar(p, 0.0, 2.0, p);
-    const double want[] = {-3, 6, -3, -24, -6, 12, 3, 2, 3};
-    for (int i = 0; i < 9; ++i) EXPECT_EQ((i < 3 ? b : i < 6 ? a : p)[i % 3], want[i]) << i;
+    const double want[3][3] = {{-3, 6, -3}, {-24, -6, 12}, {3, 2, 3}};
+    const double* got[3] = {b, a, p};
+    for (int v = 0; v < 3; ++v)
+        for (int i = 0; i < 3; ++i) EXPECT_EQ(got[v][i], want[v][i]) << v << " " << i;
 }
 
 // The defining procedure: one turn per step.
