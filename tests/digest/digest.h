@@ -2,6 +2,11 @@
 // the bits of each result and of everything the call wrote into one 64-bit
 // digest per function. The same digests must come out of every build on
 // every platform.
+//
+// A family is a table, one row per function: label, number of calls, and
+// the call (draw the arguments, call, digest what came back). The Rng draws
+// fix the inputs, so a row's draws keep their order and count for good:
+// reordering two of them changes that function's golden line.
 #ifndef QELMATH_DIGEST_H
 #define QELMATH_DIGEST_H
 
@@ -24,76 +29,58 @@ public:
         z = (z ^ (z >> 27)) * 0x94d049bb133111ebull;
         return z ^ (z >> 31);
     }
-    // Uniform in [lo, hi): 53 random bits scaled, one rounding per step.
-    double uni(double lo, double hi)
-    {
-        double u = static_cast<double>(next() >> 11) * 0x1p-53;
-        return lo + (hi - lo) * u;
-    }
+    // Uniform in [lo, hi): 53 random bits scaled (exactly), one rounding per step.
+    double uni(double lo, double hi) { return lo + (hi - lo) * (static_cast<double>(next() >> 11) * 0x1p-53); }
     // Uniform integer in [lo, hi].
     int irange(int lo, int hi)
     {
         std::uint64_t span = static_cast<std::uint64_t>(static_cast<std::int64_t>(hi) - lo) + 1u;
-        return static_cast<int>(static_cast<std::int64_t>(lo) +
-                                static_cast<std::int64_t>(next() % span));
+        return static_cast<int>(static_cast<std::int64_t>(lo) + static_cast<std::int64_t>(next() % span));
     }
     // A value on a grid of eighths: exact, and ties and coincidences occur.
     double grid(int lo, int hi) { return irange(lo * 8, hi * 8) / 8.0; }
     bool coin(int one_in) { return next() % static_cast<std::uint64_t>(one_in) == 0; }
-    void fill(double* p, int n, double lo, double hi)
-    {
-        for (int i = 0; i < n; ++i) p[i] = uni(lo, hi);
-    }
+    void fill(double* p, int n, double lo, double hi) { for (int i = 0; i < n; ++i) p[i] = uni(lo, hi); }
 
 private:
     std::uint64_t s_;
 };
 
 // FNV-1a over the little-endian bytes of each value, so the digest does not
-// depend on the host's byte order or type sizes.
+// depend on the host's byte order or type sizes: a double's bits, an
+// integer's 4 or 8 bytes. Every NaN counts as one value: the promise is
+// about numbers, and a NaN's sign and payload are not part of it.
 class Digest {
 public:
-    void u64(std::uint64_t v)
-    {
-        for (int i = 0; i < 8; ++i) byte(static_cast<unsigned char>(v >> (8 * i)));
-    }
-    void u32(std::uint32_t v)
-    {
-        for (int i = 0; i < 4; ++i) byte(static_cast<unsigned char>(v >> (8 * i)));
-    }
-    void i32(int v) { u32(static_cast<std::uint32_t>(v)); }
-    // Every NaN counts as one value: the promise is about numbers, and a
-    // NaN's sign and payload are not part of it.
-    void d(double v)
-    {
-        std::uint64_t bits;
-        std::memcpy(&bits, &v, sizeof bits);
-        if (v != v) bits = 0x7ff8000000000000ull;
-        u64(bits);
-    }
-    // Any result by its type: a double's bits, an integer's 4 or 8 bytes.
     template <class T>
     void put(T v)
     {
-        if constexpr (std::is_floating_point<T>::value) d(v);
-        else if constexpr (sizeof(T) == 8) u64(static_cast<std::uint64_t>(v));
-        else u32(static_cast<std::uint32_t>(v));
+        if constexpr (std::is_floating_point<T>::value) {
+            std::uint64_t bits = 0x7ff8000000000000ull;
+            double x = v;
+            if (x == x) std::memcpy(&bits, &x, sizeof bits);
+            bytes(bits, 8);
+        } else {
+            bytes(static_cast<std::uint64_t>(v), sizeof(T) == 8 ? 8 : 4);
+        }
     }
-    void ds(const double* p, int n)
-    {
-        for (int i = 0; i < n; ++i) d(p[i]);
-    }
-    void is(const int* p, int n)
-    {
-        for (int i = 0; i < n; ++i) i32(p[i]);
-    }
+    // d(a, b, ...) digests values that are already computed, left to right.
+    template <class... T>
+    void operator()(T... v) { (put(v), ...); }
+    template <class T>
+    void each(const T* p, int n) { for (int i = 0; i < n; ++i) put(p[i]); }
+    void i32(int v) { put(v); }
+    void u32(std::uint32_t v) { put(v); }
+    void u64(std::uint64_t v) { put(v); }
+    void d(double v) { put(v); }
+    void ds(const double* p, int n) { each(p, n); }
+    void is(const int* p, int n) { each(p, n); }
     std::uint64_t value() const { return h_; }
 
 private:
-    void byte(unsigned char b)
+    void bytes(std::uint64_t v, int n)
     {
-        h_ ^= b;
-        h_ *= 0x100000001b3ull;
+        for (int i = 0; i < n; ++i) h_ = (h_ ^ ((v >> (8 * i)) & 0xffu)) * 0x100000001b3ull;
     }
     std::uint64_t h_ = 0xcbf29ce484222325ull;
 };
@@ -103,12 +90,13 @@ struct Entry {
     int calls;
     std::uint64_t digest;
 };
+using Out = std::vector<Entry>;
 
 // Runs `calls` calls of one function under a seed drawn from its label (so
 // that adding a function never changes another's inputs) and records the
 // digest. `body(rng, digest)` makes one call.
 template <class Body>
-void run(std::vector<Entry>& out, const char* label, int calls, Body body)
+void run(Out& out, const char* label, int calls, Body body)
 {
     std::uint64_t seed = 0x51ed2701u;
     for (const char* c = label; *c; ++c) seed = (seed ^ static_cast<unsigned char>(*c)) * 0x100000001b3ull;
@@ -119,7 +107,7 @@ void run(std::vector<Entry>& out, const char* label, int calls, Body body)
 }
 
 // A family registers the function that records its entries.
-using FamilyFn = void (*)(std::vector<Entry>&);
+using FamilyFn = void (*)(Out&);
 int add_family(int rank, const char* name, FamilyFn fn);
 
 }  // namespace dg

@@ -3,7 +3,6 @@
 //   qel_digest                 print the digests
 //   qel_digest --write FILE    write them to FILE
 //   qel_digest --compare FILE  exit 1 unless FILE holds exactly these digests
-#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <cstring>
@@ -13,28 +12,15 @@
 
 #include "digest.h"
 
-namespace dg {
+namespace {
 
-struct Family {
-    int rank;
-    FamilyFn fn;
-};
-
-static std::vector<Family>& families()
+// Families register during static initialisation, in no fixed order; their
+// rank fixes the order of the file.
+std::map<int, dg::FamilyFn>& families()
 {
-    static std::vector<Family> list;
+    static std::map<int, dg::FamilyFn> list;
     return list;
 }
-
-int add_family(int rank, const char*, FamilyFn fn)
-{
-    families().push_back({rank, fn});
-    return rank;
-}
-
-}  // namespace dg
-
-namespace {
 
 const char* kHeader =
     "# QELMath result digests. One line per exported function: label, number of\n"
@@ -46,16 +32,14 @@ const char* kHeader =
 // the missing ones from every later comparison.
 constexpr std::size_t kApiFunctions = 139;
 
-// label -> formatted line, families in rank order (which fixes the file's order).
+// label -> formatted line, in the file's order.
 std::vector<std::pair<std::string, std::string>> compute()
 {
-    auto list = dg::families();
-    std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) { return a.rank < b.rank; });
-    std::vector<dg::Entry> entries;
-    for (const auto& f : list) f.fn(entries);
+    dg::Out entries;
+    for (const auto& f : families()) f.second(entries);
     std::vector<std::pair<std::string, std::string>> lines;
+    char buf[256];
     for (const auto& e : entries) {
-        char buf[256];
         std::snprintf(buf, sizeof buf, "%-44s %5d %016" PRIx64, e.label.c_str(), e.calls, e.digest);
         lines.emplace_back(e.label, buf);
     }
@@ -65,10 +49,7 @@ std::vector<std::pair<std::string, std::string>> compute()
 int compare(const std::vector<std::pair<std::string, std::string>>& lines, const char* path)
 {
     std::ifstream in(path);
-    if (!in) {
-        std::fprintf(stderr, "cannot read %s\n", path);
-        return 2;
-    }
+    if (!in) return std::fprintf(stderr, "cannot read %s\n", path), 2;
     std::map<std::string, std::string> mine(lines.begin(), lines.end());
     int bad = 0, golden = 0;
     for (std::string s; std::getline(in, s);) {
@@ -81,10 +62,8 @@ int compare(const std::vector<std::pair<std::string, std::string>>& lines, const
             ++bad;
             continue;
         }
-        if (it->second != s) {
-            std::printf("DIFFERS\n  golden: %s\n  here:   %s\n", s.c_str(), it->second.c_str());
-            ++bad;
-        }
+        if (it->second != s) std::printf("DIFFERS\n  golden: %s\n  here:   %s\n", s.c_str(), it->second.c_str());
+        bad += it->second != s;
         mine.erase(it);
     }
     for (const auto& m : mine) std::printf("NEW      %s\n", m.second.c_str());
@@ -96,20 +75,21 @@ int compare(const std::vector<std::pair<std::string, std::string>>& lines, const
 
 }  // namespace
 
+int dg::add_family(int rank, const char*, FamilyFn fn)
+{
+    families()[rank] = fn;
+    return rank;
+}
+
 int main(int argc, char** argv)
 {
     const auto lines = compute();
     const bool write = argc == 3 && std::strcmp(argv[1], "--write") == 0;
     if (argc == 3 && std::strcmp(argv[1], "--compare") == 0) return compare(lines, argv[2]);
-    if (argc != 1 && !write) {
-        std::fprintf(stderr, "usage: %s [--write FILE | --compare FILE]\n", argv[0]);
-        return 2;
-    }
-    if (write && lines.size() != kApiFunctions) {
-        std::fprintf(stderr, "refusing to write %s: %zu of %zu functions digested\n", argv[2], lines.size(),
-                     kApiFunctions);
-        return 2;
-    }
+    if (argc != 1 && !write) return std::fprintf(stderr, "usage: %s [--write FILE | --compare FILE]\n", argv[0]), 2;
+    if (write && lines.size() != kApiFunctions)
+        return std::fprintf(stderr, "refusing to write %s: %zu of %zu functions digested\n", argv[2], lines.size(),
+                            kApiFunctions), 2;
     std::FILE* f = write ? std::fopen(argv[2], "w") : stdout;
     if (!f) return 2;
     std::fputs(kHeader, f);
