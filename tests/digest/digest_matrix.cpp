@@ -1,4 +1,6 @@
-// Digests of the matrix sums, products, determinants and inversions.
+// Digests of the matrix sums, products, determinants and inversions. The
+// overloaded forms are passed as generic lambdas, so that the overload is
+// chosen by the element type of the row's buffers.
 #include "QELMath.h"
 #include "digest.h"
 
@@ -7,227 +9,181 @@ namespace {
 using dg::Digest;
 using dg::Rng;
 
-void ints(Rng& r, int* p, int n)
+void values(Rng& r, int* p, int n)
 {
     for (int i = 0; i < n; ++i)
         p[i] = r.coin(4) ? static_cast<int>(static_cast<std::uint32_t>(r.next())) : r.irange(-50, 50);
 }
 
-void reals(Rng& r, double* p, int n)
+void values(Rng& r, double* p, int n)
 {
     bool exact = r.coin(3);
     for (int i = 0; i < n; ++i) p[i] = exact ? r.grid(-4, 4) : r.uni(-10, 10);
 }
 
+// Sums and differences of m x n matrices in 5 x 5 buffers, all digested;
+// the real forms sometimes write over an operand (`over`: 0 the first for a
+// sum, 1 the second for a difference, -1 never).
+template <class T, class F>
+void sum(dg::Out& out, const char* label, int over, F f)
+{
+    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+        int m = r.irange(0, 5), n = r.irange(-1, 5);
+        T a[25], b[25], c[25];
+        values(r, a, 25); values(r, b, 25); values(r, c, 25);
+        T* dst = over >= 0 && r.coin(3) ? (over ? b : a) : c;
+        f(a, b, m, n, dst);
+        d.each(dst, 25);
+    });
+}
+
+// The complex forms: ar, ai, br, bi, cr, ci; the sum sometimes into (ar, ai).
+template <class F>
+void complex_sum(dg::Out& out, const char* label, bool over, F f)
+{
+    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+        int m = r.irange(0, 5), n = r.irange(0, 5), o = 4;
+        double x[6][25];
+        for (auto& p : x) values(r, p, 25);
+        if (over && r.coin(3)) o = 0;
+        f(x[0], x[1], x[2], x[3], m, n, x[o], x[o + 1]);
+        d.each(x[o], 25); d.each(x[o + 1], 25);
+    });
+}
+
+// m x n times n x k into a 6 x 6 buffer, all digested.
+template <class T, class F>
+void mul(dg::Out& out, const char* label, int calls, int nmax, F f)
+{
+    dg::run(out, label, calls, [=](Rng& r, Digest& d) {
+        int m = r.irange(0, 6), n = r.irange(0, nmax), k = r.irange(0, 6);
+        T a[66], b[66], c[36];
+        values(r, a, 6 * nmax); values(r, b, 6 * nmax); values(r, c, 36);
+        f(a, b, m, n, k, c);
+        d.each(c, 36);
+    });
+}
+
 // Rows times a fixed square matrix: c has rows x size elements, and the
 // whole output buffer (beyond the result too) is digested.
 template <class F>
-void fixed(std::vector<dg::Entry>& out, const char* label, int rows, int size, F f)
+void fixed(dg::Out& out, const char* label, int rows, int size, F f)
 {
     dg::run(out, label, 20, [=](Rng& r, Digest& d) {
         double a[16], b[16], c[20];
-        reals(r, a, rows * size);
-        reals(r, b, size * size);
-        r.fill(c, 20, -1, 1);
+        values(r, a, rows * size); values(r, b, size * size); r.fill(c, 20, -1, 1);
         f(a, b, c);
-        d.ds(c, 20);
+        d.each(c, 20);
     });
 }
 
 template <class F>
-void rows_times(std::vector<dg::Entry>& out, const char* label, int size, F f)
+void rows_times(dg::Out& out, const char* label, int size, F f)
 {
     dg::run(out, label, 30, [=](Rng& r, Digest& d) {
         int n = r.irange(0, 11);
         double a[44], b[16], c[48];
-        reals(r, a, n * size);
-        reals(r, b, size * size);
-        r.fill(c, 48, -1, 1);
+        values(r, a, n * size); values(r, b, size * size); r.fill(c, 48, -1, 1);
         f(a, n, b, c);
-        d.ds(c, 48);
+        d.each(c, 48);
     });
 }
 
 void square(Rng& r, double* a, int n)
 {
-    reals(r, a, n * n);
+    values(r, a, n * n);
     if (n > 1 && r.coin(6)) {
         int i = r.irange(0, n - 1);
         for (int c = 0; c < n; ++c) a[i * n + c] = 0;
     }
 }
 
+// Determinant or inversion of a fixed size: the result and the matrix.
 template <class F>
-void closed_det(std::vector<dg::Entry>& out, const char* label, int n, F f)
+void closed(dg::Out& out, const char* label, int n, F f)
 {
     dg::run(out, label, 40, [=](Rng& r, Digest& d) {
         double a[16];
         square(r, a, n);
-        d.d(f(a));
-        d.ds(a, n * n);
+        d(f(a));
+        d.each(a, n * n);
     });
 }
 
-template <class F>
-void closed_inv(std::vector<dg::Entry>& out, const char* label, int n, F f)
+void family(dg::Out& out)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
-        double a[16];
-        square(r, a, n);
-        d.i32(f(a));
-        d.ds(a, n * n);
-    });
-}
-
-// Sums and differences of m x n matrices in 5 x 5 buffers, all digested;
-// the real forms sometimes write over an operand (the first for a sum, the
-// second for a difference).
-template <class F>
-void int_sum(std::vector<dg::Entry>& out, const char* label, F f)
-{
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
-        int m = r.irange(0, 5), n = r.irange(-1, 5);
-        int a[25], b[25], c[25];
-        ints(r, a, 25);
-        ints(r, b, 25);
-        ints(r, c, 25);
-        f(a, b, m, n, c);
-        d.is(c, 25);
-    });
-}
-
-template <class F>
-void real_sum(std::vector<dg::Entry>& out, const char* label, bool over_second, F f)
-{
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
-        int m = r.irange(0, 5), n = r.irange(-1, 5);
-        double a[25], b[25], c[25];
-        reals(r, a, 25);
-        reals(r, b, 25);
-        reals(r, c, 25);
-        double* dst = r.coin(3) ? (over_second ? b : a) : c;
-        f(a, b, m, n, dst);
-        d.ds(dst, 25);
-    });
-}
-
-void family(std::vector<dg::Entry>& out)
-{
-    int_sum(out, "mt_Add(int)", [](const int* a, const int* b, int m, int n, int* c) { mt_Add(a, b, m, n, c); });
-    real_sum(out, "mt_Add(real)", false,
-             [](const double* a, const double* b, int m, int n, double* c) { mt_Add(a, b, m, n, c); });
-    dg::run(out, "mt_Add(complex)", 30, [](Rng& r, Digest& d) {
-        int m = r.irange(0, 5), n = r.irange(0, 5);
-        double ar[25], ai[25], br[25], bi[25], cr[25], ci[25];
-        for (double* p : {ar, ai, br, bi, cr, ci}) reals(r, p, 25);
-        double* dr = r.coin(3) ? ar : cr;
-        double* di = dr == ar ? ai : ci;
-        mt_Add(ar, ai, br, bi, m, n, dr, di);
-        d.ds(dr, 25);
-        d.ds(di, 25);
-    });
-    int_sum(out, "mt_Sub(int)", [](const int* a, const int* b, int m, int n, int* c) { mt_Sub(a, b, m, n, c); });
-    real_sum(out, "mt_Sub(real)", true,
-             [](const double* a, const double* b, int m, int n, double* c) { mt_Sub(a, b, m, n, c); });
-    dg::run(out, "mt_Sub(complex)", 30, [](Rng& r, Digest& d) {
-        int m = r.irange(0, 5), n = r.irange(0, 5);
-        double ar[25], ai[25], br[25], bi[25], cr[25], ci[25];
-        for (double* p : {ar, ai, br, bi, cr, ci}) reals(r, p, 25);
-        mt_Sub(ar, ai, br, bi, m, n, cr, ci);
-        d.ds(cr, 25);
-        d.ds(ci, 25);
-    });
-    dg::run(out, "mt_Mul(int)", 30, [](Rng& r, Digest& d) {
-        int m = r.irange(0, 6), n = r.irange(0, 9), k = r.irange(0, 6);
-        int a[54], b[54], c[36];
-        ints(r, a, 54);
-        ints(r, b, 54);
-        ints(r, c, 36);
-        mt_Mul(a, b, m, n, k, c);
-        d.is(c, 36);
-    });
-    dg::run(out, "mt_Mul(real)", 40, [](Rng& r, Digest& d) {
-        int m = r.irange(0, 6), n = r.irange(0, 11), k = r.irange(0, 6);
-        double a[66], b[66], c[36];
-        reals(r, a, 66);
-        reals(r, b, 66);
-        reals(r, c, 36);
-        mt_Mul(a, b, m, n, k, c);
-        d.ds(c, 36);
-    });
+    sum<int>(out, "mt_Add(int)", -1, [](auto... a) { mt_Add(a...); });
+    sum<double>(out, "mt_Add(real)", 0, [](auto... a) { mt_Add(a...); });
+    complex_sum(out, "mt_Add(complex)", true, [](auto... a) { mt_Add(a...); });
+    sum<int>(out, "mt_Sub(int)", -1, [](auto... a) { mt_Sub(a...); });
+    sum<double>(out, "mt_Sub(real)", 1, [](auto... a) { mt_Sub(a...); });
+    complex_sum(out, "mt_Sub(complex)", false, [](auto... a) { mt_Sub(a...); });
+    mul<int>(out, "mt_Mul(int)", 30, 9, [](auto... a) { mt_Mul(a...); });
+    mul<double>(out, "mt_Mul(real)", 40, 11, [](auto... a) { mt_Mul(a...); });
     dg::run(out, "mt_Mul(complex)", 40, [](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(0, 10), k = r.irange(0, 5);
-        double ar[50], ai[50], br[50], bi[50], cr[25], ci[25];
-        for (double* p : {ar, ai, br, bi}) reals(r, p, 50);
-        reals(r, cr, 25);
-        reals(r, ci, 25);
-        mt_Mul(ar, ai, br, bi, m, n, k, cr, ci);
-        d.ds(cr, 25);
-        d.ds(ci, 25);
+        double a[4][50], cr[25], ci[25];
+        for (auto& p : a) values(r, p, 50);
+        values(r, cr, 25); values(r, ci, 25);
+        mt_Mul(a[0], a[1], a[2], a[3], m, n, k, cr, ci);
+        d.each(cr, 25); d.each(ci, 25);
     });
     dg::run(out, "mt_MulN1x1N", 30, [](Rng& r, Digest& d) {
         int n = r.irange(0, 9);
         double a[9], b[9], c[81];
-        reals(r, a, 9);
-        reals(r, b, 9);
-        r.fill(c, 81, -1, 1);
+        values(r, a, 9); values(r, b, 9); r.fill(c, 81, -1, 1);
         mt_MulN1x1N(a, n, b, c);
-        d.ds(c, 81);
+        d.each(c, 81);
     });
     dg::run(out, "mt_Mul1NxN1", 30, [](Rng& r, Digest& d) {
         int n = r.irange(0, 19);
         double a[19], b[19], c[2];
-        reals(r, a, 19);
-        reals(r, b, 19);
-        r.fill(c, 2, -1, 1);
+        values(r, a, 19); values(r, b, 19); r.fill(c, 2, -1, 1);
         mt_Mul1NxN1(a, n, b, c);
-        d.ds(c, 2);
+        d.each(c, 2);
     });
-    fixed(out, "mt_Mul12x22", 1, 2, [](const double* a, const double* b, double* c) { mt_Mul12x22(a, b, c); });
-    fixed(out, "mt_Mul22x22", 2, 2, [](const double* a, const double* b, double* c) { mt_Mul22x22(a, b, c); });
-    rows_times(out, "mt_MulN2x22", 2, [](const double* a, int n, const double* b, double* c) { mt_MulN2x22(a, n, b, c); });
-    fixed(out, "mt_Mul13x33", 1, 3, [](const double* a, const double* b, double* c) { mt_Mul13x33(a, b, c); });
-    fixed(out, "mt_Mul23x33", 2, 3, [](const double* a, const double* b, double* c) { mt_Mul23x33(a, b, c); });
-    fixed(out, "mt_Mul33x33", 3, 3, [](const double* a, const double* b, double* c) { mt_Mul33x33(a, b, c); });
-    rows_times(out, "mt_MulN3x33", 3, [](const double* a, int n, const double* b, double* c) { mt_MulN3x33(a, n, b, c); });
-    fixed(out, "mt_Mul14x44", 1, 4, [](const double* a, const double* b, double* c) { mt_Mul14x44(a, b, c); });
-    fixed(out, "mt_Mul24x44", 2, 4, [](const double* a, const double* b, double* c) { mt_Mul24x44(a, b, c); });
-    fixed(out, "mt_Mul34x44", 3, 4, [](const double* a, const double* b, double* c) { mt_Mul34x44(a, b, c); });
-    fixed(out, "mt_Mul44x44", 4, 4, [](const double* a, const double* b, double* c) { mt_Mul44x44(a, b, c); });
-    rows_times(out, "mt_MulN4x44", 4, [](const double* a, int n, const double* b, double* c) { mt_MulN4x44(a, n, b, c); });
+    fixed(out, "mt_Mul12x22", 1, 2, mt_Mul12x22);
+    fixed(out, "mt_Mul22x22", 2, 2, mt_Mul22x22);
+    rows_times(out, "mt_MulN2x22", 2, mt_MulN2x22);
+    fixed(out, "mt_Mul13x33", 1, 3, mt_Mul13x33);
+    fixed(out, "mt_Mul23x33", 2, 3, mt_Mul23x33);
+    fixed(out, "mt_Mul33x33", 3, 3, mt_Mul33x33);
+    rows_times(out, "mt_MulN3x33", 3, mt_MulN3x33);
+    fixed(out, "mt_Mul14x44", 1, 4, mt_Mul14x44);
+    fixed(out, "mt_Mul24x44", 2, 4, mt_Mul24x44);
+    fixed(out, "mt_Mul34x44", 3, 4, mt_Mul34x44);
+    fixed(out, "mt_Mul44x44", 4, 4, mt_Mul44x44);
+    rows_times(out, "mt_MulN4x44", 4, mt_MulN4x44);
     dg::run(out, "mt_Det", 40, [](Rng& r, Digest& d) {
         int n = r.irange(1, 9);
         double a[81];
         square(r, a, n);
-        d.d(mt_Det(a, n));
-        d.ds(a, n * n);
+        d(mt_Det(a, n));
+        d.each(a, n * n);
     });
-    closed_det(out, "mt_Det2", 2, [](const double* a) { return mt_Det2(a); });
-    closed_det(out, "mt_Det3", 3, [](const double* a) { return mt_Det3(a); });
-    closed_det(out, "mt_Det4", 4, [](const double* a) { return mt_Det4(a); });
+    closed(out, "mt_Det2", 2, mt_Det2);
+    closed(out, "mt_Det3", 3, mt_Det3);
+    closed(out, "mt_Det4", 4, mt_Det4);
+    // A failed inversion leaves the matrix without defined content.
     dg::run(out, "mt_Inv(real)", 40, [](Rng& r, Digest& d) {
         int n = r.irange(0, 9);
         double a[81];
         square(r, a, n);
         int code = mt_Inv(a, n);
-        d.i32(code);
-        if (code == 1) d.ds(a, n * n);
+        d(code);
+        if (code == 1) d.each(a, n * n);
     });
     dg::run(out, "mt_Inv(complex)", 40, [](Rng& r, Digest& d) {
         int n = r.irange(0, 8);
         double ar[64], ai[64];
-        square(r, ar, n);
-        square(r, ai, n);
+        square(r, ar, n); square(r, ai, n);
         int code = mt_Inv(ar, ai, n);
-        d.i32(code);
-        if (code == 1) {
-            d.ds(ar, n * n);
-            d.ds(ai, n * n);
-        }
+        d(code);
+        if (code == 1) { d.each(ar, n * n); d.each(ai, n * n); }
     });
-    closed_inv(out, "mt_Inv2", 2, [](double* a) { return mt_Inv2(a); });
-    closed_inv(out, "mt_Inv3", 3, [](double* a) { return mt_Inv3(a); });
-    closed_inv(out, "mt_Inv4", 4, [](double* a) { return mt_Inv4(a); });
+    closed(out, "mt_Inv2", 2, mt_Inv2);
+    closed(out, "mt_Inv3", 3, mt_Inv3);
+    closed(out, "mt_Inv4", 4, mt_Inv4);
 }
 
 int reg = dg::add_family(50, "matrix", &family);
