@@ -41,6 +41,12 @@ public:
     double grid(int lo, int hi) { return irange(lo * 8, hi * 8) / 8.0; }
     bool coin(int one_in) { return next() % static_cast<std::uint64_t>(one_in) == 0; }
     void fill(double* p, int n, double lo, double hi) { for (int i = 0; i < n; ++i) p[i] = uni(lo, hi); }
+    // Matrix entries: all exact and small (one time in three), or all continuous.
+    void reals(double* p, int n)
+    {
+        bool exact = coin(3);
+        for (int i = 0; i < n; ++i) p[i] = exact ? grid(-4, 4) : uni(-10, 10);
+    }
 
 private:
     std::uint64_t s_;

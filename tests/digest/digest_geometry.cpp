@@ -103,8 +103,9 @@ void family(dg::Out& out)
         int k = r.irange(0, 5);   // different heights, coinciding, or level
         if (k == 1) copy(p1, p2, 3);
         else p2[2] = k == 0 ? p1[2] + 1e-3 : p1[2];
-        k = r.irange(0, 4);
-        double bulge = k == 0 ? r.irange(-2, 2) * 0.5 : k == 1 ? r.uni(-1e-9, 1e-9) : k == 2 ? r.uni(-1, 1) : r.uni(-4, 4);
+        k = r.irange(0, 4);   // half circles and straight segments among them
+        double bulge = k == 0 ? r.irange(-2, 2) * 0.5 : k == 1 ? r.uni(-1e-9, 1e-9)
+                     : k == 2 ? r.uni(-1, 1) : r.uni(-4, 4);
         sentinel(r, arc, 6);
         d(Bulge2Arc(p1, p2, bulge, arc, arc + 3, arc + 4, arc + 5));
         d.each(arc, 6);

@@ -15,11 +15,7 @@ void values(Rng& r, int* p, int n)
         p[i] = r.coin(4) ? static_cast<int>(static_cast<std::uint32_t>(r.next())) : r.irange(-50, 50);
 }
 
-void values(Rng& r, double* p, int n)
-{
-    bool exact = r.coin(3);
-    for (int i = 0; i < n; ++i) p[i] = exact ? r.grid(-4, 4) : r.uni(-10, 10);
-}
+void values(Rng& r, double* p, int n) { r.reals(p, n); }
 
 // Sums and differences of m x n matrices in 5 x 5 buffers, all digested;
 // the real forms sometimes write over an operand (`over`: 0 the first for a
