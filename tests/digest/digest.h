@@ -70,7 +70,9 @@ public:
             bytes(static_cast<std::uint64_t>(v), sizeof(T) == 8 ? 8 : 4);
         }
     }
-    // d(a, b, ...) digests values that are already computed, left to right.
+    // d(a, b, ...) digests its arguments left to right. They are evaluated in
+    // no fixed order, so a call whose side effects another argument reads
+    // goes into a variable first.
     template <class... T>
     void operator()(T... v) { (put(v), ...); }
     template <class T>
