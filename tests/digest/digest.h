@@ -77,12 +77,6 @@ public:
     void operator()(T... v) { (put(v), ...); }
     template <class T>
     void each(const T* p, int n) { for (int i = 0; i < n; ++i) put(p[i]); }
-    void i32(int v) { put(v); }
-    void u32(std::uint32_t v) { put(v); }
-    void u64(std::uint64_t v) { put(v); }
-    void d(double v) { put(v); }
-    void ds(const double* p, int n) { each(p, n); }
-    void is(const int* p, int n) { each(p, n); }
     std::uint64_t value() const { return h_; }
 
 private:
