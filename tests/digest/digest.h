@@ -87,11 +87,7 @@ private:
     std::uint64_t h_ = 0xcbf29ce484222325ull;
 };
 
-struct Entry {
-    std::string label;
-    int calls;
-    std::uint64_t digest;
-};
+struct Entry { std::string label; int calls; std::uint64_t digest; };
 using Out = std::vector<Entry>;
 
 // Runs `calls` calls of one function under a seed drawn from its label (so

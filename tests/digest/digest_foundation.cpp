@@ -71,24 +71,16 @@ void tolerance_setter(dg::Out& out, const char* label, F set, bool vector)
     });
 }
 
-// Rows of one shape: a function of two points, a comparison of a point with
-// one near it, a comparison of two directions given by point pairs.
-template <class F>
-void two_points(dg::Out& out, const char* label, F f)
-{
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
-        double p[3], q[3];
-        point(r, p); point(r, q);
-        d(f(p, q));
-    });
-}
+void apart(Rng& r, double* p, double* q) { point(r, p); point(r, q); }
 
+// Rows of one shape: a function of two points drawn apart or near each
+// other, a comparison of two directions given by point pairs.
 template <class F>
-void near_points(dg::Out& out, const char* label, F f)
+void two_points(dg::Out& out, const char* label, void (*draw)(Rng&, double*, double*), F f)
 {
     dg::run(out, label, 40, [=](Rng& r, Digest& d) {
         double p[3], q[3];
-        near_pair(r, p, q);
+        draw(r, p, q);
         d(f(p, q));
     });
 }
@@ -119,8 +111,8 @@ void family(dg::Out& out)
         double a = angle(r), b = r.coin(2) ? a + r.irange(-3, 3) * 6.283185307179586 : near(r, a);
         d(math_IsAngleEqual(a, b));
     });
-    near_points(out, "math_IsPoint2dEqual", math_IsPoint2dEqual);
-    near_points(out, "math_IsPointEqual", math_IsPointEqual);
+    two_points(out, "math_IsPoint2dEqual", near_pair, math_IsPoint2dEqual);
+    two_points(out, "math_IsPointEqual", near_pair, math_IsPointEqual);
     directions(out, "math_IsDirection2dEqual", math_IsDirection2dEqual);
     directions(out, "math_IsDirectionEqual", math_IsDirectionEqual);
     dg::run(out, "math_NormalizeAngle(a)", 60, [](Rng& r, Digest& d) {
@@ -149,11 +141,11 @@ void family(dg::Out& out)
         math_Polar(p, a, len, dst);
         d.each(dst, 3);
     });
-    two_points(out, "math_Angle", math_Angle);
-    two_points(out, "math_Distance", math_Distance);
-    two_points(out, "math_Distance2d", math_Distance2d);
-    two_points(out, "math_Distance2", math_Distance2);
-    two_points(out, "math_Distance2d2", math_Distance2d2);
+    two_points(out, "math_Angle", apart, math_Angle);
+    two_points(out, "math_Distance", apart, math_Distance);
+    two_points(out, "math_Distance2d", apart, math_Distance2d);
+    two_points(out, "math_Distance2", apart, math_Distance2);
+    two_points(out, "math_Distance2d2", apart, math_Distance2d2);
     // The product may be written over either factor.
     dg::run(out, "VectorCrossProduct", 40, [](Rng& r, Digest& d) {
         double a[3], b[3], o[3];
@@ -162,7 +154,7 @@ void family(dg::Out& out)
         VectorCrossProduct(a, b, c);
         d.each(c, 3);
     });
-    two_points(out, "VectorDotProduct", VectorDotProduct);
+    two_points(out, "VectorDotProduct", apart, VectorDotProduct);
     dg::run(out, "NormalizeVector", 40, [](Rng& r, Digest& d) { normalize(r, d, true); });
 }
 

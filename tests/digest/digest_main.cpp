@@ -16,11 +16,7 @@ namespace {
 
 // Families register during static initialisation, in no fixed order; their
 // rank fixes the order of the file.
-std::map<int, dg::FamilyFn>& families()
-{
-    static std::map<int, dg::FamilyFn> list;
-    return list;
-}
+std::map<int, dg::FamilyFn>& families() { static std::map<int, dg::FamilyFn> list; return list; }
 
 const char* kHeader =
     "# QELMath result digests. One line per exported function: label, number of\n"
@@ -75,11 +71,7 @@ int compare(const std::vector<std::pair<std::string, std::string>>& lines, const
 
 }  // namespace
 
-int dg::add_family(int rank, const char*, FamilyFn fn)
-{
-    families()[rank] = fn;
-    return rank;
-}
+int dg::add_family(int rank, const char*, FamilyFn fn) { return families()[rank] = fn, rank; }
 
 int main(int argc, char** argv)
 {
