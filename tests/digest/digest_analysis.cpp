@@ -9,8 +9,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
 double cubic(double x) { return x * x * x - 2 * x + 1; }
 double bell(double x) { return 1 / (1 + x * x); }
@@ -25,9 +24,9 @@ double (*g_f)(double) = nullptr;
 double counted(double x) { return ++g_calls, g_f(x); }
 
 template <class Rule>
-void quadrature(dg::Out& out, const char* label, Rule rule)
+void quadrature(Out& out, const char* label, Rule rule)
 {
-    dg::run(out, label, 20, [=](Rng& r, Digest& d) {
+    run(out, label, 20, [=](Rng& r, Digest& d) {
         double (*const integrands[])(double) = {cubic, bell, root, wave, quadric};
         g_f = integrands[r.irange(0, 4)];
         g_calls = 0;
@@ -38,27 +37,27 @@ void quadrature(dg::Out& out, const char* label, Rule rule)
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
     quadrature(out, "int_Chebyshev", int_Chebyshev);
     quadrature(out, "int_Gauss", int_Gauss);
     quadrature(out, "int_Romberg", int_Romberg);
     quadrature(out, "int_Simpson", int_Simpson);
-    dg::run(out, "solve_Chord", 30, [](Rng& r, Digest& d) {
+    run(out, "solve_Chord", 30, [](Rng& r, Digest& d) {
         g_f = r.coin(2) ? cubic : quadric;
         g_calls = 0;
         double a = r.grid(-3, 3), b = r.grid(-3, 3), eps = r.coin(2) ? 1e-12 : 1e-6, x = 99;
         int max_iter = r.irange(0, 60), code = solve_Chord(&counted, a, b, eps, &x, max_iter);
         d(code, x, g_calls);
     });
-    dg::run(out, "solve_Equation", 60, [](Rng& r, Digest& d) {
+    run(out, "solve_Equation", 60, [](Rng& r, Digest& d) {
         double a = r.coin(5) ? r.uni(-1e-16, 1e-16) : r.grid(-4, 4), b = r.coin(5) ? 0.0 : r.grid(-4, 4);
         double c = r.coin(3) ? r.uni(-5, 5) : r.grid(-4, 4), roots[2] = {7, 7};
         if (a != 0 && r.coin(4)) c = b * b / (4 * a);   // a double root, or nearly
         d(solve_Equation(a, b, c, roots));
         d.each(roots, 2);
     });
-    dg::run(out, "math_Polynomial", 40, [](Rng& r, Digest& d) {
+    run(out, "math_Polynomial", 40, [](Rng& r, Digest& d) {
         double k[12];
         r.fill(k, 12, -3, 3);
         int n = r.irange(-1, 12);

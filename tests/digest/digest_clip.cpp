@@ -6,12 +6,11 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
-void family(dg::Out& out)
+void family(Out& out)
 {
-    dg::run(out, "ClipPolygonWithRect", 120, [](Rng& r, Digest& d) {
+    run(out, "ClipPolygonWithRect", 120, [](Rng& r, Digest& d) {
         int n = r.irange(1, 12), pts[24], cx = r.irange(20, 80), cy = r.irange(20, 80);
         bool clockwise = r.coin(2);
         double step = 6.283185307179586 / n;

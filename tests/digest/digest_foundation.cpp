@@ -6,8 +6,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
 // A value near `ref`: equal, one tolerance-sized step off, or far off, so
 // that both answers of every comparison occur.
@@ -56,9 +55,9 @@ void restore_defaults() { math_SetDoubleTolerance(1e-9); math_SetPointTolerance(
 // tolerance, NormalizeVector); the defaults are put back afterwards so later
 // functions see the state they expect.
 template <class F>
-void tolerance_setter(dg::Out& out, const char* label, F set, bool vector)
+void tolerance_setter(Out& out, const char* label, F set, bool vector)
 {
-    dg::run(out, label, 20, [=](Rng& r, Digest& d) {
+    run(out, label, 20, [=](Rng& r, Digest& d) {
         int k = r.irange(0, 3);
         set(k == 0 ? 1e-9 : k == 1 ? r.uni(0, 1e-3) : k == 2 ? r.uni(1e-12, 1e-6) : 0.0);
         for (int i = 0; i < 4; ++i) {
@@ -76,9 +75,9 @@ void apart(Rng& r, double* p, double* q) { point(r, p); point(r, q); }
 // Rows of one shape: a function of two points drawn apart or near each
 // other, a comparison of two directions given by point pairs.
 template <class F>
-void two_points(dg::Out& out, const char* label, void (*draw)(Rng&, double*, double*), F f)
+void two_points(Out& out, const char* label, void (*draw)(Rng&, double*, double*), F f)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         double p[3], q[3];
         draw(r, p, q);
         d(f(p, q));
@@ -86,28 +85,28 @@ void two_points(dg::Out& out, const char* label, void (*draw)(Rng&, double*, dou
 }
 
 template <class F>
-void directions(dg::Out& out, const char* label, F f)
+void directions(Out& out, const char* label, F f)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         double a[12];
         for (double& x : a) x = r.grid(-3, 3);
         d(f(a, a + 3, a + 6, a + 9));
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
     restore_defaults();
     tolerance_setter(out, "math_SetDoubleTolerance", math_SetDoubleTolerance, false);
     tolerance_setter(out, "math_SetPointTolerance", math_SetPointTolerance, false);
     tolerance_setter(out, "math_SetVectorTolerance", math_SetVectorTolerance, true);
-    dg::run(out, "math_IsRealZero", 40,
+    run(out, "math_IsRealZero", 40,
             [](Rng& r, Digest& d) { d(math_IsRealZero(r.coin(2) ? r.uni(-3e-9, 3e-9) : any_scale(r))); });
-    dg::run(out, "math_IsRealEqual", 40, [](Rng& r, Digest& d) {
+    run(out, "math_IsRealEqual", 40, [](Rng& r, Digest& d) {
         double b = any_scale(r), a = near(r, b);
         d(math_IsRealEqual(a, b));
     });
-    dg::run(out, "math_IsAngleEqual", 40, [](Rng& r, Digest& d) {
+    run(out, "math_IsAngleEqual", 40, [](Rng& r, Digest& d) {
         double a = angle(r), b = r.coin(2) ? a + r.irange(-3, 3) * 6.283185307179586 : near(r, a);
         d(math_IsAngleEqual(a, b));
     });
@@ -115,26 +114,26 @@ void family(dg::Out& out)
     two_points(out, "math_IsPointEqual", near_pair, math_IsPointEqual);
     directions(out, "math_IsDirection2dEqual", math_IsDirection2dEqual);
     directions(out, "math_IsDirectionEqual", math_IsDirectionEqual);
-    dg::run(out, "math_NormalizeAngle(a)", 60, [](Rng& r, Digest& d) {
+    run(out, "math_NormalizeAngle(a)", 60, [](Rng& r, Digest& d) {
         double a = angle(r);
         math_NormalizeAngle(&a);
         d(a);
     });
-    dg::run(out, "math_NormalizeAngle(a,b)", 60, [](Rng& r, Digest& d) {
+    run(out, "math_NormalizeAngle(a,b)", 60, [](Rng& r, Digest& d) {
         double a = angle(r), b = angle(r);
         math_NormalizeAngle(&a, r.coin(8) ? nullptr : &b);
         d(a, b);
     });
-    dg::run(out, "math_Radian2Degree", 40, [](Rng& r, Digest& d) { d(math_Radian2Degree(angle(r))); });
-    dg::run(out, "math_Degree2Radian", 40,
+    run(out, "math_Radian2Degree", 40, [](Rng& r, Digest& d) { d(math_Radian2Degree(angle(r))); });
+    run(out, "math_Degree2Radian", 40,
             [](Rng& r, Digest& d) { d(math_Degree2Radian(r.coin(2) ? r.uni(-720, 720) : r.irange(-8, 8) * 45.0)); });
-    dg::run(out, "math_CosSin", 80, [](Rng& r, Digest& d) {
+    run(out, "math_CosSin", 80, [](Rng& r, Digest& d) {
         double c = 7, s = 7;
         math_CosSin(angle(r), &c, &s);
         d(c, s);
     });
     // In place or into a separate point; the destination is what is digested.
-    dg::run(out, "math_Polar", 40, [](Rng& r, Digest& d) {
+    run(out, "math_Polar", 40, [](Rng& r, Digest& d) {
         double p[3], o[3];
         point(r, p); r.fill(o, 3, -9, 9);
         double a = angle(r), len = r.uni(-10, 10), *dst = r.coin(3) ? p : o;
@@ -147,7 +146,7 @@ void family(dg::Out& out)
     two_points(out, "math_Distance2", apart, math_Distance2);
     two_points(out, "math_Distance2d2", apart, math_Distance2d2);
     // The product may be written over either factor.
-    dg::run(out, "VectorCrossProduct", 40, [](Rng& r, Digest& d) {
+    run(out, "VectorCrossProduct", 40, [](Rng& r, Digest& d) {
         double a[3], b[3], o[3];
         point(r, a); point(r, b); r.fill(o, 3, -9, 9);
         double* dst[] = {o, a, b}, *c = dst[r.irange(0, 2)];
@@ -155,7 +154,7 @@ void family(dg::Out& out)
         d.each(c, 3);
     });
     two_points(out, "VectorDotProduct", apart, VectorDotProduct);
-    dg::run(out, "NormalizeVector", 40, [](Rng& r, Digest& d) { normalize(r, d, true); });
+    run(out, "NormalizeVector", 40, [](Rng& r, Digest& d) { normalize(r, d, true); });
 }
 
 int reg = dg::add_family(10, "foundation", &family);

@@ -7,8 +7,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
 void point(Rng& r, double* p)
 {
@@ -58,9 +57,9 @@ void sentinel(Rng& r, double* p, int n) { r.fill(p, n, 100, 200); }
 // The distance from p to the line through a and b, which once in six calls
 // (nearly, in the plane) coincide.
 template <class F>
-void distance(dg::Out& out, const char* label, int dims, F f)
+void distance(Out& out, const char* label, int dims, F f)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         double a[3], b[3], p[3];
         point(r, a); point(r, b);
         if (r.coin(6)) for (int i = 0; i < dims; ++i) b[i] = dims == 2 ? a[i] + r.uni(-1e-5, 1e-5) : a[i];
@@ -70,24 +69,24 @@ void distance(dg::Out& out, const char* label, int dims, F f)
 }
 
 template <class F>
-void three_points(dg::Out& out, const char* label, F f)
+void three_points(Out& out, const char* label, F f)
 {
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+    run(out, label, 30, [=](Rng& r, Digest& d) {
         double t[9];
         triangle(r, t);
         d(f(t, t + 3, t + 6));
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
-    dg::run(out, "PointIsOnLine", 60, [](Rng& r, Digest& d) {
+    run(out, "PointIsOnLine", 60, [](Rng& r, Digest& d) {
         double a[3], b[3], p[3];
         line(r, a, b, 8);
         related(r, a, b, p);
         d(PointIsOnLine(a, b, p));
     });
-    dg::run(out, "NormalizeLine", 40, [](Rng& r, Digest& d) {
+    run(out, "NormalizeLine", 40, [](Rng& r, Digest& d) {
         double a[3], b[3], c[3];
         line(r, a, b, 6);
         sentinel(r, c, 3);
@@ -97,7 +96,7 @@ void family(dg::Out& out)
     distance(out, "DistPoint2Line2d", 2, DistPoint2Line2d);
     distance(out, "DistPoint2Line", 3, DistPoint2Line);
     // Centre, then radius, start and end angles.
-    dg::run(out, "Bulge2Arc", 60, [](Rng& r, Digest& d) {
+    run(out, "Bulge2Arc", 60, [](Rng& r, Digest& d) {
         double p1[3], p2[3], arc[6];
         point(r, p1); point(r, p2);
         int k = r.irange(0, 5);   // different heights, coinciding, or level
@@ -111,7 +110,7 @@ void family(dg::Out& out)
         d.each(arc, 6);
     });
     // Three points on a circle whose centre the caller supplies.
-    dg::run(out, "ThreePoints2Arc", 60, [](Rng& r, Digest& d) {
+    run(out, "ThreePoints2Arc", 60, [](Rng& r, Digest& d) {
         double arc[6] = {r.grid(-4, 4), r.grid(-4, 4), 0}, p[9];
         double radius = r.coin(4) ? 0.0 : r.uni(0.5, 20);
         for (int i = 0; i < 9; i += 3) {
@@ -124,14 +123,14 @@ void family(dg::Out& out)
         d(ThreePoints2Arc(p, p + 3, p + 6, arc, arc + 3, arc + 4, arc + 5));
         d.each(arc, 6);
     });
-    dg::run(out, "PointIsOnCircle", 40, [](Rng& r, Digest& d) {
+    run(out, "PointIsOnCircle", 40, [](Rng& r, Digest& d) {
         double c[3], p[3];
         point(r, c);
         double radius = r.uni(0.1, 10), scale = r.coin(2) ? 1.0 : r.uni(0.99, 1.01), a = r.uni(0, 6.283185307179586);
         on_circle(c, radius * scale, a, c[2], p);
         d(PointIsOnCircle(c, radius, p));
     });
-    dg::run(out, "TriangleCircumCircle", 40, [](Rng& r, Digest& d) {
+    run(out, "TriangleCircumCircle", 40, [](Rng& r, Digest& d) {
         double t[9], c[3];
         point(r, t); point(r, t + 3);
         related(r, t, t + 3, t + 6);
@@ -140,7 +139,7 @@ void family(dg::Out& out)
         d(TriangleCircumCircle(t, t + 3, t + 6, c));
         d.each(c, 3);
     });
-    dg::run(out, "PointIsInTriangle", 60, [](Rng& r, Digest& d) {
+    run(out, "PointIsInTriangle", 60, [](Rng& r, Digest& d) {
         double t[9], p[3];
         triangle(r, t);
         int k = r.irange(0, 3);
@@ -151,14 +150,14 @@ void family(dg::Out& out)
     });
     three_points(out, "TranglePerimeter", TranglePerimeter);
     three_points(out, "TrangleArea", TrangleArea);
-    dg::run(out, "TriangleInscribedCircle", 30, [](Rng& r, Digest& d) {
+    run(out, "TriangleInscribedCircle", 30, [](Rng& r, Digest& d) {
         double t[9], c[3];
         triangle(r, t);
         sentinel(r, c, 3);
         d(TriangleInscribedCircle(t, t + 3, t + 6, c));
         d.each(c, 3);
     });
-    dg::run(out, "MinimumRadiusCircleFromPoints", 40, [](Rng& r, Digest& d) {
+    run(out, "MinimumRadiusCircleFromPoints", 40, [](Rng& r, Digest& d) {
         int n = r.irange(-1, 12);
         double pts[24], c[2], radius = 123.5;
         bool grid = r.coin(2);

@@ -7,8 +7,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
 // A square matrix: random, with exact small entries, or made singular by a
 // repeated row or a zero row.
@@ -37,9 +36,9 @@ void dominant(Rng& r, double* a, int n)
 // zeros and values below any tolerance), then `rhs` values of each right
 // side (n if rhs is 0). f(a, b, n, m) makes the call.
 template <int Parts, class F>
-void elimination(dg::Out& out, const char* label, int nmin, int nmax, int mmax, int rhs, bool sparse, F f)
+void elimination(Out& out, const char* label, int nmin, int nmax, int mmax, int rhs, bool sparse, F f)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         int n = r.irange(nmin, nmax), m = mmax < 0 ? 0 : r.irange(0, mmax), len = rhs ? rhs : n;
         double a[Parts][81], b[Parts][32];
         for (auto& p : a) matrix(r, p, n);
@@ -55,9 +54,9 @@ void elimination(dg::Out& out, const char* label, int nmin, int nmax, int mmax, 
 // The closed forms: a and b digested whole, since a must come back as it
 // went in. For three unknowns the first row is sometimes (a00, 0, 0).
 template <class F>
-void closed(dg::Out& out, const char* label, int n, F f)
+void closed(Out& out, const char* label, int n, F f)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         double a[16], b[4];
         matrix(r, a, n);
         if (n == 3 && r.coin(6)) a[1] = a[2] = 0;
@@ -67,7 +66,7 @@ void closed(dg::Out& out, const char* label, int n, F f)
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
     elimination<1>(out, "linear_Gauss(real)", 1, 9, -1, 0, false,
                    [](auto a, auto b, int n, int) { return linear_Gauss(a[0], b[0], n); });
@@ -80,7 +79,7 @@ void family(dg::Out& out)
                    [](auto a, auto b, int n, int m) { return linear_GaussJordan(a[0], b[0], n, m); });
     elimination<2>(out, "linear_GaussJordan(complex)", 0, 7, 3, 21, false,
                    [](auto a, auto b, int n, int m) { return linear_GaussJordan(a[0], a[1], b[0], b[1], n, m); });
-    dg::run(out, "linear_GaussBand", 40, [](Rng& r, Digest& d) {
+    run(out, "linear_GaussBand", 40, [](Rng& r, Digest& d) {
         int n = r.irange(1, 9), h = r.irange(0, n - 1), m = r.irange(0, 3), w = 2 * h + 1;
         double a[9 * 17], b[27];
         // Left-justified band rows; positions past column n - 1 stay zero.
@@ -94,7 +93,7 @@ void family(dg::Out& out)
         d(code);
         if (code == 2) d.each(b, n * m);
     });
-    dg::run(out, "linear_TrianglePullup", 40, [](Rng& r, Digest& d) {
+    run(out, "linear_TrianglePullup", 40, [](Rng& r, Digest& d) {
         int n = r.irange(1, 12);
         double a[34], b[12];
         r.fill(a, 3 * n - 2, -3, 3);
@@ -104,7 +103,7 @@ void family(dg::Out& out)
         d(linear_TrianglePullup(a, n, b));
         d.each(a, 3 * n - 2); d.each(b, n);
     });
-    dg::run(out, "linear_GaussSeidel", 30, [](Rng& r, Digest& d) {
+    run(out, "linear_GaussSeidel", 30, [](Rng& r, Digest& d) {
         int n = r.irange(0, 8);
         double a[64], b[8], x[8];
         if (r.coin(5)) matrix(r, a, n);   // most likely not dominant

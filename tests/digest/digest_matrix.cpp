@@ -6,8 +6,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
 void values(Rng& r, int* p, int n)
 {
@@ -21,9 +20,9 @@ void values(Rng& r, double* p, int n) { r.reals(p, n); }
 // the real forms sometimes write over an operand (`over`: 0 the first for a
 // sum, 1 the second for a difference, -1 never).
 template <class T, class F>
-void sum(dg::Out& out, const char* label, int over, F f)
+void sum(Out& out, const char* label, int over, F f)
 {
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+    run(out, label, 30, [=](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(-1, 5);
         T a[25], b[25], c[25];
         values(r, a, 25); values(r, b, 25); values(r, c, 25);
@@ -35,9 +34,9 @@ void sum(dg::Out& out, const char* label, int over, F f)
 
 // The complex forms: ar, ai, br, bi, cr, ci; the sum sometimes into (ar, ai).
 template <class F>
-void complex_sum(dg::Out& out, const char* label, bool over, F f)
+void complex_sum(Out& out, const char* label, bool over, F f)
 {
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+    run(out, label, 30, [=](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(0, 5), o = 4;
         double x[6][25];
         for (auto& p : x) values(r, p, 25);
@@ -49,9 +48,9 @@ void complex_sum(dg::Out& out, const char* label, bool over, F f)
 
 // m x n times n x k into a 6 x 6 buffer, all digested.
 template <class T, class F>
-void mul(dg::Out& out, const char* label, int calls, int nmax, F f)
+void mul(Out& out, const char* label, int calls, int nmax, F f)
 {
-    dg::run(out, label, calls, [=](Rng& r, Digest& d) {
+    run(out, label, calls, [=](Rng& r, Digest& d) {
         int m = r.irange(0, 6), n = r.irange(0, nmax), k = r.irange(0, 6);
         T a[66], b[66], c[36];
         values(r, a, 6 * nmax); values(r, b, 6 * nmax); values(r, c, 36);
@@ -63,9 +62,9 @@ void mul(dg::Out& out, const char* label, int calls, int nmax, F f)
 // Rows times a fixed square matrix: c has rows x size elements, and the
 // whole output buffer (beyond the result too) is digested.
 template <class F>
-void fixed(dg::Out& out, const char* label, int rows, int size, F f)
+void fixed(Out& out, const char* label, int rows, int size, F f)
 {
-    dg::run(out, label, 20, [=](Rng& r, Digest& d) {
+    run(out, label, 20, [=](Rng& r, Digest& d) {
         double a[16], b[16], c[20];
         values(r, a, rows * size); values(r, b, size * size); r.fill(c, 20, -1, 1);
         f(a, b, c);
@@ -74,9 +73,9 @@ void fixed(dg::Out& out, const char* label, int rows, int size, F f)
 }
 
 template <class F>
-void rows_times(dg::Out& out, const char* label, int size, F f)
+void rows_times(Out& out, const char* label, int size, F f)
 {
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+    run(out, label, 30, [=](Rng& r, Digest& d) {
         int n = r.irange(0, 11);
         double a[44], b[16], c[48];
         values(r, a, n * size); values(r, b, size * size); r.fill(c, 48, -1, 1);
@@ -96,9 +95,9 @@ void square(Rng& r, double* a, int n)
 
 // Determinant or inversion of a fixed size: the result and the matrix.
 template <class F>
-void closed(dg::Out& out, const char* label, int n, F f)
+void closed(Out& out, const char* label, int n, F f)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         double a[16];
         square(r, a, n);
         d(f(a));
@@ -106,7 +105,7 @@ void closed(dg::Out& out, const char* label, int n, F f)
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
     sum<int>(out, "mt_Add(int)", -1, [](auto... a) { mt_Add(a...); });
     sum<double>(out, "mt_Add(real)", 0, [](auto... a) { mt_Add(a...); });
@@ -116,7 +115,7 @@ void family(dg::Out& out)
     complex_sum(out, "mt_Sub(complex)", false, [](auto... a) { mt_Sub(a...); });
     mul<int>(out, "mt_Mul(int)", 30, 9, [](auto... a) { mt_Mul(a...); });
     mul<double>(out, "mt_Mul(real)", 40, 11, [](auto... a) { mt_Mul(a...); });
-    dg::run(out, "mt_Mul(complex)", 40, [](Rng& r, Digest& d) {
+    run(out, "mt_Mul(complex)", 40, [](Rng& r, Digest& d) {
         int m = r.irange(0, 5), n = r.irange(0, 10), k = r.irange(0, 5);
         double a[4][50], cr[25], ci[25];
         for (auto& p : a) values(r, p, 50);
@@ -124,14 +123,14 @@ void family(dg::Out& out)
         mt_Mul(a[0], a[1], a[2], a[3], m, n, k, cr, ci);
         d.each(cr, 25); d.each(ci, 25);
     });
-    dg::run(out, "mt_MulN1x1N", 30, [](Rng& r, Digest& d) {
+    run(out, "mt_MulN1x1N", 30, [](Rng& r, Digest& d) {
         int n = r.irange(0, 9);
         double a[9], b[9], c[81];
         values(r, a, 9); values(r, b, 9); r.fill(c, 81, -1, 1);
         mt_MulN1x1N(a, n, b, c);
         d.each(c, 81);
     });
-    dg::run(out, "mt_Mul1NxN1", 30, [](Rng& r, Digest& d) {
+    run(out, "mt_Mul1NxN1", 30, [](Rng& r, Digest& d) {
         int n = r.irange(0, 19);
         double a[19], b[19], c[2];
         values(r, a, 19); values(r, b, 19); r.fill(c, 2, -1, 1);
@@ -150,7 +149,7 @@ void family(dg::Out& out)
     fixed(out, "mt_Mul34x44", 3, 4, mt_Mul34x44);
     fixed(out, "mt_Mul44x44", 4, 4, mt_Mul44x44);
     rows_times(out, "mt_MulN4x44", 4, mt_MulN4x44);
-    dg::run(out, "mt_Det", 40, [](Rng& r, Digest& d) {
+    run(out, "mt_Det", 40, [](Rng& r, Digest& d) {
         int n = r.irange(1, 9);
         double a[81];
         square(r, a, n);
@@ -161,7 +160,7 @@ void family(dg::Out& out)
     closed(out, "mt_Det3", 3, mt_Det3);
     closed(out, "mt_Det4", 4, mt_Det4);
     // A failed inversion leaves the matrix without defined content.
-    dg::run(out, "mt_Inv(real)", 40, [](Rng& r, Digest& d) {
+    run(out, "mt_Inv(real)", 40, [](Rng& r, Digest& d) {
         int n = r.irange(0, 9);
         double a[81];
         square(r, a, n);
@@ -169,7 +168,7 @@ void family(dg::Out& out)
         d(code);
         if (code == 1) d.each(a, n * n);
     });
-    dg::run(out, "mt_Inv(complex)", 40, [](Rng& r, Digest& d) {
+    run(out, "mt_Inv(complex)", 40, [](Rng& r, Digest& d) {
         int n = r.irange(0, 8);
         double ar[64], ai[64];
         square(r, ar, n); square(r, ai, n);

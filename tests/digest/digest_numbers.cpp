@@ -4,8 +4,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 
 // Indices around and beyond every table boundary, negatives included.
 int index(Rng& r)
@@ -15,9 +14,9 @@ int index(Rng& r)
 }
 
 template <class F>
-void indexed(dg::Out& out, const char* label, int calls, F f)
+void indexed(Out& out, const char* label, int calls, F f)
 {
-    dg::run(out, label, calls, [=](Rng& r, Digest& d) { d(f(index(r))); });
+    run(out, label, calls, [=](Rng& r, Digest& d) { d(f(index(r))); });
 }
 
 void as_drawn(Rng&, int&, int&) {}
@@ -25,9 +24,9 @@ void as_drawn(Rng&, int&, int&) {}
 // (n, m) pairs for the permutation forms: small, wrapping and out of range;
 // `more` moves some of them further for the forms that answer in doubles.
 template <class F, class More = void (*)(Rng&, int&, int&)>
-void pairs(dg::Out& out, const char* label, F f, More more = as_drawn)
+void pairs(Out& out, const char* label, F f, More more = as_drawn)
 {
-    dg::run(out, label, 40, [=](Rng& r, Digest& d) {
+    run(out, label, 40, [=](Rng& r, Digest& d) {
         int n = r.coin(6) ? r.irange(-5, -1) : r.irange(0, 120);
         int m = r.coin(8) ? r.irange(-3, 0) : r.irange(1, 40);
         more(r, n, m);
@@ -35,14 +34,14 @@ void pairs(dg::Out& out, const char* label, F f, More more = as_drawn)
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
-    dg::run(out, "num_IsPrime", 200, [](Rng& r, Digest& d) {
+    run(out, "num_IsPrime", 200, [](Rng& r, Digest& d) {
         int k = r.irange(0, 2);   // small, any, or just below 2^32
         std::uint64_t n = k == 0 ? r.irange(0, 1000) : k == 1 ? r.next() : 0xffffffffu - r.irange(0, 200);
         d(num_IsPrime(static_cast<std::uint32_t>(n)));
     });
-    dg::run(out, "num_CommonDivisor32", 80, [](Rng& r, Digest& d) {
+    run(out, "num_CommonDivisor32", 80, [](Rng& r, Digest& d) {
         // Multiples of a common g (or zero) against each other or anything.
         std::uint32_t g = static_cast<std::uint32_t>(r.irange(1, 5000));
         std::uint32_t a = r.coin(6) ? 0u : g * static_cast<std::uint32_t>(r.irange(0, 100000));
@@ -50,7 +49,7 @@ void family(dg::Out& out)
                                     : static_cast<std::uint32_t>(r.next());
         d(num_CommonDivisor32(a, b));
     });
-    dg::run(out, "num_CommonDivisor64", 80, [](Rng& r, Digest& d) {
+    run(out, "num_CommonDivisor64", 80, [](Rng& r, Digest& d) {
         std::uint64_t g = r.next() >> 40, a = r.coin(6) ? 0u : g * (r.next() >> 30);
         std::uint64_t b = r.coin(2) ? g * (r.next() >> 28) : r.next();
         d(num_CommonDivisor64(a, b));

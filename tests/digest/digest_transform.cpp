@@ -9,8 +9,7 @@
 
 namespace {
 
-using dg::Digest;
-using dg::Rng;
+using namespace dg;
 using M3 = double (*)[3];
 using M4 = double (*)[4];
 
@@ -23,9 +22,9 @@ double value(Rng& r)
 }
 
 template <int Size, class Build>
-void matrix(dg::Out& out, const char* label, Build build)
+void matrix(Out& out, const char* label, Build build)
 {
-    dg::run(out, label, 30, [=](Rng& r, Digest& d) {
+    run(out, label, 30, [=](Rng& r, Digest& d) {
         double T[Size][Size];
         r.fill(&T[0][0], Size * Size, -1, 1);
         build(r, T);
@@ -39,7 +38,7 @@ void call(F f, const double* v, M T, std::index_sequence<I...>) { f(v[I]..., T);
 // Builders whose arguments are all doubles, drawn in order as `args` says,
 // one letter each: q a viewing distance, v any other value.
 template <int Size, std::size_t N, class F>
-void row(dg::Out& out, const char* label, const char (&args)[N], F f)
+void row(Out& out, const char* label, const char (&args)[N], F f)
 {
     const char* a = args;
     matrix<Size>(out, label, [=](Rng& r, double (*T)[Size]) {
@@ -50,7 +49,7 @@ void row(dg::Out& out, const char* label, const char (&args)[N], F f)
 }
 
 template <class F>
-void coord_map(dg::Out& out, const char* label, F f)
+void coord_map(Out& out, const char* label, F f)
 {
     matrix<3>(out, label, [=](Rng& r, M3 T) {
         int x0 = r.irange(-2000, 2000), y0 = r.irange(-2000, 2000);
@@ -59,7 +58,7 @@ void coord_map(dg::Out& out, const char* label, F f)
     });
 }
 
-void family(dg::Out& out)
+void family(Out& out)
 {
     matrix<3>(out, "TransMatrixMirror2D", [](Rng& r, M3 T) {
         double a = value(r), b = value(r), a0 = r.coin(5) ? 0 : a, b0 = r.coin(5) ? 0 : b, c = value(r);
