@@ -21,7 +21,7 @@ double quadric(double x) { return ((x * x - 3) * x + 0.5) * x - 0.25; }
 // part of its definition.
 int g_calls = 0;
 double (*g_f)(double) = nullptr;
-double counted(double x) { return ++g_calls, g_f(x); }
+double counted(double x) { ++g_calls; return g_f(x); }
 
 template <class Rule>
 void quadrature(Out& out, const char* label, Rule rule)

@@ -101,7 +101,7 @@ void family(Out& out)
     tolerance_setter(out, "math_SetPointTolerance", math_SetPointTolerance, false);
     tolerance_setter(out, "math_SetVectorTolerance", math_SetVectorTolerance, true);
     run(out, "math_IsRealZero", 40,
-            [](Rng& r, Digest& d) { d(math_IsRealZero(r.coin(2) ? r.uni(-3e-9, 3e-9) : any_scale(r))); });
+        [](Rng& r, Digest& d) { d(math_IsRealZero(r.coin(2) ? r.uni(-3e-9, 3e-9) : any_scale(r))); });
     run(out, "math_IsRealEqual", 40, [](Rng& r, Digest& d) {
         double b = any_scale(r), a = near(r, b);
         d(math_IsRealEqual(a, b));
@@ -116,29 +116,25 @@ void family(Out& out)
     directions(out, "math_IsDirectionEqual", math_IsDirectionEqual);
     run(out, "math_NormalizeAngle(a)", 60, [](Rng& r, Digest& d) {
         double a = angle(r);
-        math_NormalizeAngle(&a);
-        d(a);
+        math_NormalizeAngle(&a); d(a);
     });
     run(out, "math_NormalizeAngle(a,b)", 60, [](Rng& r, Digest& d) {
         double a = angle(r), b = angle(r);
-        math_NormalizeAngle(&a, r.coin(8) ? nullptr : &b);
-        d(a, b);
+        math_NormalizeAngle(&a, r.coin(8) ? nullptr : &b); d(a, b);
     });
     run(out, "math_Radian2Degree", 40, [](Rng& r, Digest& d) { d(math_Radian2Degree(angle(r))); });
     run(out, "math_Degree2Radian", 40,
-            [](Rng& r, Digest& d) { d(math_Degree2Radian(r.coin(2) ? r.uni(-720, 720) : r.irange(-8, 8) * 45.0)); });
+        [](Rng& r, Digest& d) { d(math_Degree2Radian(r.coin(2) ? r.uni(-720, 720) : r.irange(-8, 8) * 45.0)); });
     run(out, "math_CosSin", 80, [](Rng& r, Digest& d) {
         double c = 7, s = 7;
-        math_CosSin(angle(r), &c, &s);
-        d(c, s);
+        math_CosSin(angle(r), &c, &s); d(c, s);
     });
     // In place or into a separate point; the destination is what is digested.
     run(out, "math_Polar", 40, [](Rng& r, Digest& d) {
         double p[3], o[3];
         point(r, p); r.fill(o, 3, -9, 9);
         double a = angle(r), len = r.uni(-10, 10), *dst = r.coin(3) ? p : o;
-        math_Polar(p, a, len, dst);
-        d.each(dst, 3);
+        math_Polar(p, a, len, dst); d.each(dst, 3);
     });
     two_points(out, "math_Angle", apart, math_Angle);
     two_points(out, "math_Distance", apart, math_Distance);
@@ -150,8 +146,7 @@ void family(Out& out)
         double a[3], b[3], o[3];
         point(r, a); point(r, b); r.fill(o, 3, -9, 9);
         double* dst[] = {o, a, b}, *c = dst[r.irange(0, 2)];
-        VectorCrossProduct(a, b, c);
-        d.each(c, 3);
+        VectorCrossProduct(a, b, c); d.each(c, 3);
     });
     two_points(out, "VectorDotProduct", apart, VectorDotProduct);
     run(out, "NormalizeVector", 40, [](Rng& r, Digest& d) { normalize(r, d, true); });

@@ -53,14 +53,11 @@ int compare(const std::vector<std::pair<std::string, std::string>>& lines, const
         if (s.empty() || s[0] == '#') continue;
         ++golden;
         auto it = mine.find(s.substr(0, s.find(' ')));
-        if (it == mine.end()) {
-            std::printf("MISSING  %s\n", s.c_str());
-            ++bad;
-            continue;
-        }
-        if (it->second != s) std::printf("DIFFERS\n  golden: %s\n  here:   %s\n", s.c_str(), it->second.c_str());
-        bad += it->second != s;
-        mine.erase(it);
+        const std::string here = it == mine.end() ? "" : it->second;
+        if (here.empty()) std::printf("MISSING  %s\n", s.c_str());
+        else if (here != s) std::printf("DIFFERS\n  golden: %s\n  here:   %s\n", s.c_str(), here.c_str());
+        bad += here != s;
+        if (it != mine.end()) mine.erase(it);
     }
     for (const auto& m : mine) std::printf("NEW      %s\n", m.second.c_str());
     bad += static_cast<int>(mine.size());
