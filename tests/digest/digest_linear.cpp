@@ -106,8 +106,7 @@ void family(Out& out)
     run(out, "linear_GaussSeidel", 30, [](Rng& r, Digest& d) {
         int n = r.irange(0, 8);
         double a[64], b[8], x[8];
-        if (r.coin(5)) matrix(r, a, n);   // most likely not dominant
-        else dominant(r, a, n);
+        r.coin(5) ? matrix(r, a, n) : dominant(r, a, n);   // the first most likely not dominant
         r.fill(b, n, -5, 5); r.fill(x, n, -1, 1);
         d(linear_GaussSeidel(a, b, n, x, r.coin(2) ? 1e-12 : 1e-6));
         d.each(a, n * n); d.each(b, n); d.each(x, n);

@@ -105,6 +105,21 @@ void closed(Out& out, const char* label, int n, F f)
     });
 }
 
+// Inversions, real (Parts 1) or complex (2); a failed one leaves the
+// matrix without defined content, so only its result code is digested.
+template <int Parts, class F>
+void inversion(Out& out, const char* label, int nmax, F f)
+{
+    run(out, label, 40, [=](Rng& r, Digest& d) {
+        int n = r.irange(0, nmax);
+        double a[Parts][81];
+        for (auto& p : a) square(r, p, n);
+        int code = f(a, n);
+        d(code);
+        if (code == 1) for (auto& p : a) d.each(p, n * n);
+    });
+}
+
 void family(Out& out)
 {
     sum<int>(out, "mt_Add(int)", -1, [](auto... a) { mt_Add(a...); });
@@ -159,23 +174,8 @@ void family(Out& out)
     closed(out, "mt_Det2", 2, mt_Det2);
     closed(out, "mt_Det3", 3, mt_Det3);
     closed(out, "mt_Det4", 4, mt_Det4);
-    // A failed inversion leaves the matrix without defined content.
-    run(out, "mt_Inv(real)", 40, [](Rng& r, Digest& d) {
-        int n = r.irange(0, 9);
-        double a[81];
-        square(r, a, n);
-        int code = mt_Inv(a, n);
-        d(code);
-        if (code == 1) d.each(a, n * n);
-    });
-    run(out, "mt_Inv(complex)", 40, [](Rng& r, Digest& d) {
-        int n = r.irange(0, 8);
-        double ar[64], ai[64];
-        square(r, ar, n); square(r, ai, n);
-        int code = mt_Inv(ar, ai, n);
-        d(code);
-        if (code == 1) { d.each(ar, n * n); d.each(ai, n * n); }
-    });
+    inversion<1>(out, "mt_Inv(real)", 9, [](auto a, int n) { return mt_Inv(a[0], n); });
+    inversion<2>(out, "mt_Inv(complex)", 8, [](auto a, int n) { return mt_Inv(a[0], a[1], n); });
     closed(out, "mt_Inv2", 2, mt_Inv2);
     closed(out, "mt_Inv3", 3, mt_Inv3);
     closed(out, "mt_Inv4", 4, mt_Inv4);
