@@ -12,19 +12,14 @@ namespace {
 
 using qel::PointList;
 using qel::PolygonGraph;
-
 using Pt = std::array<double, 2>;
 
 template <class L>
 Pt At(const L& l, int i) { Pt p; l.GetPoint(i, &p[0], &p[1]); return p; }
 
-// Takes out, one at a time, the vertices p and the edges P-Q for which out
-// holds.
+// Take out, one at a time, the vertices p and the edges P-Q for which out holds.
 template <class Out>
-void RemoveVertices(PolygonGraph& g, Out out)
-{
-    for (int i = 0; i < g.PointCount();) out(At(g, i)) ? (void)g.RemoveVertex(At(g, i)[0], At(g, i)[1]) : (void)++i;
-}
+void RemoveVertices(PolygonGraph& g, Out out) { for (int i = 0; i < g.PointCount();) out(At(g, i)) ? (void)g.RemoveVertex(At(g, i)[0], At(g, i)[1]) : (void)++i; }
 
 template <class Out>
 void RemoveEdges(PolygonGraph& g, Out out)
@@ -52,15 +47,15 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     const double X1 = x1, Y1 = y1, X2 = x2, Y2 = y2;
     if (X2 <= minX || minY >= Y2 || maxX <= X1 || maxY <= Y1) return -1;
     if (maxX <= X2 && maxY <= Y2 && X1 <= minX && Y1 <= minY) return -2;
+    // Side s runs from corner s to corner s + 1; the first corner comes again at the end.
+    const double C[10] = {X1, Y1, X2, Y1, X2, Y2, X1, Y2, X1, Y1};
     PointList R, R2;
-    const double corners[8] = {X1, Y1, X2, Y1, X2, Y2, X1, Y2};
-    for (int s = 0; s < 4; ++s) R.AddPoint(corners[2 * s], corners[2 * s + 1]);
+    for (int s = 0; s < 4; ++s) R.AddPoint(C[2 * s], C[2 * s + 1]);
     RG.BuildFromPoints(R);
     // Split G at its crossings with the sides and at corners on its edges;
     // R collects the outline's points.
     for (int s = 0; s < 4; ++s) {
-        const double* A = corners + 2 * s;
-        const double* B = corners + 2 * ((s + 1) % 4);
+        const double *A = C + 2 * s, *B = A + 2;
         for (int e = 0, c = G.EdgeCount(); e < c; ++e) {
             double P[2], Q[2], X[2];
             if (G.GetEdgePoints(e, P, Q) != 1) continue;
@@ -70,22 +65,18 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
                 continue;
             }
             if (qel::PointOnSegment(P[0], P[1], A, B)) R.AddPoint(P[0], P[1]);
-            if (qel::PointOnSegment(A[0], A[1], P, Q) && !qel::PointsCoincide(A[0], A[1], P))
-                G.SplitEdge(e, G.AddPoint(A[0], A[1]));
+            if (qel::PointOnSegment(A[0], A[1], P, Q) && !qel::PointsCoincide(A[0], A[1], P)) G.SplitEdge(e, G.AddPoint(A[0], A[1]));
         }
     }
     RemoveVertices(G, [&](Pt p) { return qel::LocatePoint(RG, p[0], p[1]) == -2; });
     // The outline in order: each side's points nearest first.
     for (int s = 0; s < 4; ++s) {
-        const double* A = corners + 2 * s;
-        const double* B = corners + 2 * ((s + 1) % 4);
+        const double *A = C + 2 * s, *B = A + 2;
         R2.AddPoint(A[0], A[1]);
         for (;;) {
             Pt best = {B[0], B[1]};
-            for (int j = 4; j < R.Count(); ++j) {
-                const Pt p = At(R, j);
-                if (qel::PointOnSegment(p[0], p[1], A, B) && Dist2(p.data(), A) < Dist2(best.data(), A)) best = p;
-            }
+            for (int j = 4; j < R.Count(); ++j)
+                if (const Pt p = At(R, j); qel::PointOnSegment(p[0], p[1], A, B) && Dist2(p.data(), A) < Dist2(best.data(), A)) best = p;
             R2.AddPoint(best[0], best[1]);
             if (qel::PointsCoincide(best[0], best[1], B)) break;
             R.RemovePoint(best[0], best[1]);
@@ -105,14 +96,9 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
         const int kP = G.AddPoint(P[0], P[1]), kQ = G.AddPoint(Q[0], Q[1]);
         if (kP == kQ) continue;
         int f = 0, a = -1, b = -1;
-        for (; f < G.EdgeCount(); ++f) {
-            G.GetEdge(f, &a, &b);
-            if ((a == kP && b == kQ) || (a == kQ && b == kP)) break;
-        }
-        if (f == G.EdgeCount())
-            G.AddEdge(kP, kQ);
-        else if (a == kQ)
-            G.RemoveEdgeAt(f);
+        while (f < G.EdgeCount() && (G.GetEdge(f, &a, &b), !((a == kP && b == kQ) || (a == kQ && b == kP)))) ++f;
+        if (f == G.EdgeCount()) G.AddEdge(kP, kQ);
+        else if (a == kQ) G.RemoveEdgeAt(f);
     }
     if (G.EdgeCount() == 0) {
         for (int i = 0; i < G2.PointCount(); ++i)
@@ -123,11 +109,8 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     }
     std::vector<PointList> lists(static_cast<std::size_t>(G.EdgeCount()));
     RemoveEdges(G, [](const double* P, const double* Q) { return qel::PointsCoincide(P[0], P[1], Q) != 0; });
-    // Walk the chains, leaving a vertex where several edges remain by the one
-    // turning furthest left.
-    auto furtherLeft = [&](int from, int c, int v, int w) {
-        return qel::TurnsFurtherLeft(At(G, from).data(), At(G, c).data(), At(G, v).data(), At(G, w).data()) != 0;
-    };
+    // Walk the chains from the first edge left, leaving a vertex by the first
+    // edge there, or by the outgoing one turning furthest left.
     std::size_t k = 0;
     while (G.EdgeCount() > 0) {
         PointList* cur = &lists[k];   // may hold a chain that came to nothing
@@ -139,18 +122,14 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
         cur->AddPoint(At(G, c)[0], At(G, c)[1]);
         G.RemoveEdgeAt(0);
         while (G.EdgeCount() > 0) {
-            int found = -1, next = -1, candidates = 0, left = -1, leftNext = -1;
-            for (int f = 0; f < G.EdgeCount(); ++f) {
-                int a, b;
+            int found = -1, next = -1, left = -1;
+            for (int f = 0, a, b; f < G.EdgeCount(); ++f) {
                 G.GetEdge(f, &a, &b);
-                if (a != c && b != c) continue;
-                ++candidates;
-                if (found < 0) found = f, next = (a == c) ? b : a;
-                if (a == c && (left < 0 || furtherLeft(from, c, b, leftNext))) left = f, leftNext = b;
+                if (found < 0 && (a == c || b == c)) found = f, next = (a == c) ? b : a;
+                if (a == c && (left < 0 || qel::TurnsFurtherLeft(At(G, from).data(), At(G, c).data(), At(G, b).data(), At(G, next).data()))) left = f, next = b;
             }
             if (found < 0) break;
-            if (candidates > 1 && left >= 0) found = left, next = leftNext;
-            G.RemoveEdgeAt(found);
+            G.RemoveEdgeAt(left >= 0 ? left : found);
             if (next == s) {
                 k += NoContour(*cur) ? 0 : 1;
                 break;
@@ -165,10 +144,8 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
                 const std::vector<double> open(cur->Data(), cur->Data() + 2 * cur->Count());
                 cur->Clear();
                 for (std::size_t i = 2 * static_cast<std::size_t>(j); i < open.size(); i += 2) cur->AddPoint(open[i], open[i + 1]);
-                if (NoContour(*cur))
-                    cur->Clear();
-                else
-                    cur = &lists[++k];
+                if (NoContour(*cur)) cur->Clear();
+                else cur = &lists[++k];
                 for (int i = 0; i <= j; ++i) cur->AddPoint(open[2 * i], open[2 * i + 1]);
             }
             from = c;
@@ -183,10 +160,9 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     int* out = static_cast<int*>(mem_malloc(2 * m * sizeof(int)));
     for (std::size_t i = 0, w = 0; i < k; ++i) {
         const int len = counts[i] = lists[i].Count();
-        for (int j = 0; j < len; ++j) {
-            const int at = (Area(lists[i]) < 0.0 && j > 0) ? len - j : j;
-            for (int a = 0; a < 2; ++a) out[w++] = qel::RoundCoordinate(lists[i].Data()[2 * at + a]);
-        }
+        const bool cw = Area(lists[i]) < 0.0;
+        for (int j = 0; j < len; ++j)
+            for (int a = 0; a < 2; ++a) out[w++] = qel::RoundCoordinate(lists[i].Data()[2 * (cw && j > 0 ? len - j : j) + a]);
     }
     *outPts = out;
     *outCounts = counts;
