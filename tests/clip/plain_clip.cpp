@@ -115,9 +115,9 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
     while (G.EdgeCount() > 0) {
         PointList* cur = &lists[k];   // may hold a chain that came to nothing
         cur->Clear();
-        int s, c;
+        int s, c, from;
         G.GetEdge(0, &s, &c);
-        int from = s;
+        from = s;
         cur->AddPoint(At(G, s)[0], At(G, s)[1]);
         cur->AddPoint(At(G, c)[0], At(G, c)[1]);
         G.RemoveEdgeAt(0);
@@ -138,14 +138,12 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
             // contour of its own, and the chain goes on from that point.
             const Pt p = At(G, next);
             const int j = cur->FindPoint(p[0], p[1]);
-            if (j < 0) {
-                cur->AddPoint(p[0], p[1]);
-            } else {
+            if (j < 0) cur->AddPoint(p[0], p[1]);
+            else {
                 const std::vector<double> open(cur->Data(), cur->Data() + 2 * cur->Count());
                 cur->Clear();
                 for (std::size_t i = 2 * static_cast<std::size_t>(j); i < open.size(); i += 2) cur->AddPoint(open[i], open[i + 1]);
-                if (NoContour(*cur)) cur->Clear();
-                else cur = &lists[++k];
+                NoContour(*cur) ? cur->Clear() : (void)(cur = &lists[++k]);
                 for (int i = 0; i <= j; ++i) cur->AddPoint(open[2 * i], open[2 * i + 1]);
             }
             from = c;
@@ -164,8 +162,7 @@ int ClipPolygonWithRect(int x1, int y1, int x2, int y2, const int* pts, int n, i
         for (int j = 0; j < len; ++j)
             for (int a = 0; a < 2; ++a) out[w++] = qel::RoundCoordinate(lists[i].Data()[2 * (cw && j > 0 ? len - j : j) + a]);
     }
-    *outPts = out;
-    *outCounts = counts;
+    *outPts = out, *outCounts = counts;
     return static_cast<int>(k);
 }
 
