@@ -23,8 +23,6 @@
 #include <CGAL/Boolean_set_operations_2.h>
 #include <CGAL/Exact_predicates_exact_constructions_kernel.h>
 
-#include <algorithm>
-
 #include "QELMath.h"
 
 namespace cliporacle {
@@ -35,12 +33,8 @@ using FT = K::FT;
 using Point = K::Point_2;
 using Polygon = CGAL::Polygon_2<K>;
 
-FT Perimeter(const Polygon& p)   // in the 1-norm
-{
-    FT s = 0;
-    for (const auto& e : p.edges()) s += CGAL::abs(e.to_vector().x()) + CGAL::abs(e.to_vector().y());
-    return s;
-}
+// In the 1-norm.
+FT Perimeter(const Polygon& p) { FT s = 0; for (const auto& e : p.edges()) s += CGAL::abs(e.to_vector().x()) + CGAL::abs(e.to_vector().y()); return s; }
 
 }  // namespace
 
@@ -70,8 +64,8 @@ std::string Check(int x1, int y1, int x2, int y2, const std::vector<int>& pts, D
         for (const Point& q : part.outer_boundary().container()) {
             std::size_t j = open.size();
             while (j > 0 && open[j - 1] != q) --j;
-            if (j > 0) piece(std::vector<Point>(open.begin() + static_cast<std::ptrdiff_t>(j) - 1, open.end()));
-            if (j > 0) open.resize(j); else open.push_back(q);
+            if (j > 0) piece(std::vector<Point>(open.begin() + static_cast<std::ptrdiff_t>(j) - 1, open.end())), open.resize(j);
+            else open.push_back(q);
         }
         piece(open);
     }
@@ -88,7 +82,7 @@ std::string Check(int x1, int y1, int x2, int y2, const std::vector<int>& pts, D
     if (k >= 1) ++dev.clipped, mem_free(out), mem_free(counts);
     const FT off = CGAL::abs(area - exactArea);
     dev.vanished += pieces < exact;
-    if (pieces == exact && bound > 0) dev.worst = std::max(dev.worst, CGAL::to_double(off / bound));
+    if (pieces == exact && bound > 0 && CGAL::to_double(off / bound) > dev.worst) dev.worst = CGAL::to_double(off / bound);
     if (wide > pieces || pieces > exact) why += std::to_string(pieces) + " pieces, exact " + std::to_string(exact) + ", " + std::to_string(wide) + " wide\n";
     if (off > bound) why += "exact area " + std::to_string(CGAL::to_double(exactArea)) + ", ours " + std::to_string(CGAL::to_double(area)) + "\n";
     return why;
