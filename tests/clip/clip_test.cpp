@@ -178,8 +178,8 @@ Row Make(int kind)
         for (std::size_t a = i; a < i + 2; ++a) c.poly[a] = static_cast<int>(std::lround(c.poly[a] * s));
     }
     for (int a = 0; a < 2; ++a) c.r[a] = Draw(-span, span - 1), c.r[a + 2] = Draw(c.r[a] + 1, span);
-    const int i = Draw(0, n - 1), a = Draw(0, 3);   // a side through vertex i
-    if (kind == 3) c.r[a] = c.poly[2 * static_cast<std::size_t>(i) + a % 2], c.r[(a + 2) % 4] = c.r[a] + (a < 2 ? 1 : -1) * Draw(1, 20);
+    const int v = Draw(0, n - 1), side = Draw(0, 3);   // for a pinch: the side through vertex v
+    if (kind == 3) c.r[side] = c.poly[2 * static_cast<std::size_t>(v) + side % 2], c.r[(side + 2) % 4] = c.r[side] + (side < 2 ? 1 : -1) * Draw(1, 20);
     if (kind % 3 != 1 || g() % 2) return c;
     std::vector<int> q;
     for (std::size_t i = 0; i < c.poly.size(); i += 2)
