@@ -23,8 +23,6 @@
 #include <CGAL/Boolean_set_operations_2.h>
 #include <CGAL/Exact_predicates_exact_constructions_kernel.h>
 
-#include <algorithm>
-
 #include "QELMath.h"
 
 namespace cliporacle {
@@ -35,27 +33,8 @@ using FT = K::FT;
 using Point = K::Point_2;
 using Polygon = CGAL::Polygon_2<K>;
 
-FT Perimeter(const Polygon& p)   // in the 1-norm
-{
-    FT s = 0;
-    for (auto e = p.edges_begin(); e != p.edges_end(); ++e) s += CGAL::abs(e->to_vector().x()) + CGAL::abs(e->to_vector().y());
-    return s;
-}
-
-struct Verdict {
-    int pieces = 0, required = 0;
-    FT area = 0, thin = 0;   // thin: area of the pieces that may vanish
-    void add(const std::vector<Point>& loop)
-    {
-        const Polygon p(loop.begin(), loop.end());
-        const FT a = p.area();
-        const bool wide = a > FT(2) / 1000 * Perimeter(p);
-        ++pieces;
-        required += wide;
-        area += a;
-        if (!wide) thin += a;
-    }
-};
+// In the 1-norm.
+FT Perimeter(const Polygon& p) { FT s = 0; for (const auto& e : p.edges()) s += CGAL::abs(e.to_vector().x()) + CGAL::abs(e.to_vector().y()); return s; }
 
 }  // namespace
 
@@ -65,30 +44,35 @@ std::string Check(int x1, int y1, int x2, int y2, const std::vector<int>& pts, D
     for (std::size_t i = 0; i < pts.size(); i += 2) poly.push_back(Point(pts[i], pts[i + 1]));
     if (!poly.is_simple() || poly.area() == 0) return "";
     ++dev.cases;
-    std::string why;
     if (poly.is_clockwise_oriented()) poly.reverse_orientation();
     const Point corners[4] = {Point(x1, y1), Point(x2, y1), Point(x2, y2), Point(x1, y2)};
     std::vector<CGAL::Polygon_with_holes_2<K>> parts;
     CGAL::intersection(poly, Polygon(corners, corners + 4), std::back_inserter(parts));
-    Verdict exact;
+    // The exact pieces: their number, how many are too wide to vanish, their
+    // area and the area of the thin ones. A simple polygon leaves no holes.
+    int exact = 0, wide = 0;
+    FT exactArea = 0, thin = 0;
+    auto piece = [&](const std::vector<Point>& loop) {
+        const Polygon p(loop.begin(), loop.end());
+        const bool w = p.area() > FT(2) / 1000 * Perimeter(p);
+        ++exact, wide += w, exactArea += p.area(), thin += w ? FT(0) : p.area();
+    };
+    std::string why;
     for (const auto& part : parts) {
-        if (part.number_of_holes() != 0) why += "a hole in the exact intersection\n";   // never, for a simple polygon
+        if (part.number_of_holes() != 0) why += "a hole in the exact intersection\n";
         std::vector<Point> open;
         for (const Point& q : part.outer_boundary().container()) {
             std::size_t j = open.size();
             while (j > 0 && open[j - 1] != q) --j;
-            if (j > 0) exact.add(std::vector<Point>(open.begin() + static_cast<std::ptrdiff_t>(j) - 1, open.end()));
-            open.resize(j > 0 ? j : open.size());
-            if (j == 0) open.push_back(q);
+            if (j > 0) piece(std::vector<Point>(open.begin() + static_cast<std::ptrdiff_t>(j) - 1, open.end())), open.resize(j);
+            else open.push_back(q);
         }
-        exact.add(open);
+        piece(open);
     }
-    int *out = nullptr, *counts = nullptr;
-    std::vector<int> copy = pts;
-    const int k = ClipPolygonWithRect(x1, y1, x2, y2, copy.data(), static_cast<int>(pts.size() / 2), &out, &counts);
+    int *out = nullptr, *counts = nullptr;   // the clipper only reads the points
+    const int k = ClipPolygonWithRect(x1, y1, x2, y2, const_cast<int*>(pts.data()), static_cast<int>(pts.size() / 2), &out, &counts);
     const int pieces = k >= 1 ? k : (k == -2 || k == -3);
-    FT area = k == -2 ? CGAL::abs(poly.area()) : k == -3 ? (FT(x2) - FT(x1)) * (FT(y2) - FT(y1)) : FT(0), bound = exact.thin;
-    const FT d = FT(501) / 1000;
+    FT area = k == -2 ? CGAL::abs(poly.area()) : k == -3 ? (FT(x2) - FT(x1)) * (FT(y2) - FT(y1)) : FT(0), bound = thin, d = FT(501) / 1000;
     for (int i = 0, at = 0; i < k; at += counts[i++]) {
         Polygon c;
         for (int j = at; j < at + counts[i]; ++j) c.push_back(Point(out[2 * j], out[2 * j + 1]));
@@ -96,16 +80,12 @@ std::string Check(int x1, int y1, int x2, int y2, const std::vector<int>& pts, D
         bound += FT(counts[i]) * d * d + d * Perimeter(c);
     }
     if (k >= 1) ++dev.clipped, mem_free(out), mem_free(counts);
-    const FT off = CGAL::abs(area - exact.area);
-    if (exact.required > pieces || pieces > exact.pieces)
-        why += std::to_string(pieces) + " pieces, exact " + std::to_string(exact.pieces) + ", " + std::to_string(exact.required) + " wide\n";
-    if (off > bound) why += "exact area " + std::to_string(CGAL::to_double(exact.area)) + ", ours " + std::to_string(CGAL::to_double(area)) + "\n";
-    dev.vanished += pieces < exact.pieces;
-    if (pieces == exact.pieces && bound > 0) dev.worst = std::max(dev.worst, CGAL::to_double(off / bound));
-    if (why.empty()) return why;
-    std::string s = "rect " + std::to_string(x1) + " " + std::to_string(y1) + " " + std::to_string(x2) + " " + std::to_string(y2) + " poly";
-    for (int v : pts) s += " " + std::to_string(v);
-    return s + "\n" + why;
+    const FT off = CGAL::abs(area - exactArea);
+    dev.vanished += pieces < exact;
+    if (pieces == exact && bound > 0 && CGAL::to_double(off / bound) > dev.worst) dev.worst = CGAL::to_double(off / bound);
+    if (wide > pieces || pieces > exact) why += std::to_string(pieces) + " pieces, exact " + std::to_string(exact) + ", " + std::to_string(wide) + " wide\n";
+    if (off > bound) why += "exact area " + std::to_string(CGAL::to_double(exactArea)) + ", ours " + std::to_string(CGAL::to_double(area)) + "\n";
+    return why;
 }
 
 }  // namespace cliporacle
