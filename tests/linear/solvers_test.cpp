@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <random>
 #include <vector>
@@ -21,16 +20,15 @@ namespace {
 using Vec = std::vector<double>;
 constexpr double kEps = 2.220446049250313e-16;
 
-bool same_bits(const Vec& x, const Vec& y)
-{
-    return x.size() == y.size() && (x.empty() || std::memcmp(x.data(), y.data(), x.size() * 8) == 0);
-}
+bool same_bits(const Vec& x, const Vec& y) { return x.size() == y.size() && (x.empty() || !std::memcmp(x.data(), y.data(), x.size() * 8)); }
+std::uint64_t bits(double x) { std::uint64_t u; std::memcpy(&u, &x, 8); return u; }
+Vec head(const Vec& v, std::size_t k) { return Vec(v.begin(), v.begin() + k); }
 
-std::uint64_t bits(double x)
+// Appends what a solver returns on copies of a and b, then b as written.
+template <class F> void put(Vec& out, Vec a, Vec b, F solve)
 {
-    std::uint64_t u;
-    std::memcpy(&u, &x, sizeof u);
-    return u;
+    out.push_back(solve(a.data(), b.data()));
+    out.insert(out.end(), b.begin(), b.end());
 }
 
 // Shape 0 random; 1 small integers, so magnitudes tie and the first met
@@ -80,43 +78,28 @@ TEST_F(AtEveryWidth, RealEliminationsGiveThePlainBitsTheOthersSolveAlike)
         for (int shape = 0; shape < 4; ++shape) {
             const int in = static_cast<int>(n);
             const std::size_t h = n > 5 ? 5 : n - 1, w = 2 * h + 1;
-            const Vec a = matrix(rng, n, n, shape), ai = matrix(rng, n, n, shape);
-            const Vec b = matrix(rng, n, 3), bi = matrix(rng, n, 3);
-            // Real: the plain results, each solver's return first.
-            Vec want, ra = a, rb(b.begin(), b.begin() + n);
-            want.push_back(ref::gauss(ra.data(), rb.data(), n));
-            want.insert(want.end(), rb.begin(), rb.end());
-            ra = a, rb = b;
-            want.push_back(ref::gauss_jordan(ra.data(), rb.data(), n, 3));
-            want.insert(want.end(), rb.begin(), rb.end());
-            ra = a, rb.assign(b.begin(), b.begin() + n);
-            want.push_back(ref::gauss_jordan(ra.data(), rb.data(), n, 1, true));
-            want.insert(want.end(), rb.begin(), rb.end());
+            const Vec a = matrix(rng, n, n, shape), ai = matrix(rng, n, n, shape), b = matrix(rng, n, 3), bi = matrix(rng, n, 3);
+            const Vec b1 = head(b, n), bi1 = head(bi, n), b2 = head(b, 2 * n), bi2 = head(bi, 2 * n);
+            Vec want, first;   // real: the plain results, each solver's return first
+            put(want, a, b1, [n](double* x, double* y) { return ref::gauss(x, y, n); });
+            put(want, a, b, [n](double* x, double* y) { return ref::gauss_jordan(x, y, n, 3); });
+            put(want, a, b1, [n](double* x, double* y) { return ref::gauss_jordan(x, y, n, 1, true); });
             // A band of half-width up to 5 packed left-justified; filler past
             // column n - 1 must never be read as a coefficient.
             Vec band(n * w, 0.0), dense(n * n, 0.0);
             for (std::size_t i = 0; i < n; ++i)
                 for (std::size_t p = 0, c = (i > h ? i - h : 0); p < w; ++p, ++c)
                     if (c < n) band[i * w + p] = dense[i * n + c] = a[i * n + c];
-            Vec first;
             for (qel::SimdLevel level : kLevels) {
                 qel::cap_simd_level(level);
                 SCOPED_TRACE(::testing::Message() << "level " << int(level) << " n " << n << " shape " << shape);
-                Vec got, x = a, y(b.begin(), b.begin() + n);
-                got.push_back(linear_Gauss(x.data(), y.data(), in));
-                got.insert(got.end(), y.begin(), y.end());
-                x = a, y = b;
-                got.push_back(linear_GaussJordan(x.data(), y.data(), in, 3));
-                got.insert(got.end(), y.begin(), y.end());
-                x = a, y.assign(b.begin(), b.begin() + n);
-                got.push_back(linear_SparsenessGaussJordan(x.data(), in, y.data()));
-                got.insert(got.end(), y.begin(), y.end());
+                Vec got, xr = a, xi = ai, yr = b1, yi = bi1, zr = a, zi = ai, vr = b2, vi = bi2, pb = band, bb = b2;
+                put(got, a, b1, [in](double* x, double* y) { return linear_Gauss(x, y, in); });
+                put(got, a, b, [in](double* x, double* y) { return linear_GaussJordan(x, y, in, 3); });
+                put(got, a, b1, [in](double* x, double* y) { return linear_SparsenessGaussJordan(x, in, y); });
                 EXPECT_TRUE(same_bits(got, want));
-                Vec xr = a, xi = ai, yr(b.begin(), b.begin() + n), yi(bi.begin(), bi.begin() + n);
                 const int cg = linear_Gauss(xr.data(), xi.data(), in, yr.data(), yi.data());
-                Vec zr = a, zi = ai, vr(b.begin(), b.begin() + 2 * n), vi(bi.begin(), bi.begin() + 2 * n);
                 const int cj = linear_GaussJordan(zr.data(), zi.data(), vr.data(), vi.data(), in, 2);
-                Vec pb = band, bb(b.begin(), b.begin() + 2 * n);
                 const int bd = linear_GaussBand(pb.data(), bb.data(), in, int(h), 2);
                 for (const Vec* v : {&yr, &yi, &vr, &vi, &bb}) got.insert(got.end(), v->begin(), v->end());
                 got.insert(got.end(), {double(cg), double(cj), double(bd)});
@@ -124,8 +107,6 @@ TEST_F(AtEveryWidth, RealEliminationsGiveThePlainBitsTheOthersSolveAlike)
                 EXPECT_TRUE(same_bits(got, first)) << "the widths agree";
                 if (shape == 3) continue;
                 const double tol = 1e-9 * n;
-                const Vec b1(b.begin(), b.begin() + n), bi1(bi.begin(), bi.begin() + n);
-                const Vec b2(b.begin(), b.begin() + 2 * n), bi2(bi.begin(), bi.begin() + 2 * n);
                 EXPECT_LT(cg == 1 ? residual(a, ai, yr, yi, b1, bi1, n, 1) : 0.0, tol);
                 EXPECT_LT(cj == 1 ? residual(a, ai, vr, vi, b2, bi2, n, 2) : 0.0, tol);
                 EXPECT_LT(bd == 2 ? residual(dense, {}, bb, {}, b2, {}, n, 2) : 0.0, tol);
@@ -137,12 +118,8 @@ TEST_F(AtEveryWidth, RealEliminationsGiveThePlainBitsTheOthersSolveAlike)
 
 TEST(ClosedForms, DefinedBitsChoiceOfEquationsAndFallbacks)
 {
-    struct Row {
-        int n;
-        Vec a, b;
-        int result;
-        std::vector<std::uint64_t> want;   // bits of b after; empty: b untouched
-    };
+    // want: the bits of b after; empty: b untouched.
+    struct Row { int n; Vec a, b; int result; std::vector<std::uint64_t> want; };
     const Row rows[] = {
         // 23 * (1/3) and -5 * (1/3): a true division would round differently.
         {2, {1, 1, 1, 4}, {6, 1}, 1, {0x401eaaaaaaaaaaaau, 0xbffaaaaaaaaaaaaau}},
@@ -169,9 +146,7 @@ TEST(ClosedForms, DefinedBitsChoiceOfEquationsAndFallbacks)
     };
     for (const Row& r : rows) {
         Vec a = r.a, b = r.b;
-        const int got = r.n == 2 ? linear_Gauss2(a.data(), b.data())
-                                 : r.n == 3 ? linear_Gauss3(a.data(), b.data()) : linear_Gauss4(a.data(), b.data());
-        EXPECT_EQ(got, r.result) << r.n << " " << r.a[0];
+        EXPECT_EQ((r.n == 2 ? linear_Gauss2 : r.n == 3 ? linear_Gauss3 : linear_Gauss4)(a.data(), b.data()), r.result) << r.n << " " << r.a[0];
         EXPECT_TRUE(same_bits(a, r.a)) << "a is never written";
         for (std::size_t i = 0; i < b.size(); ++i)
             EXPECT_EQ(bits(b[i]), r.want.empty() ? bits(r.b[i]) : r.want[i]) << r.n << " " << r.a[0] << " x" << i;
@@ -182,15 +157,10 @@ TEST(SolverEdges, OrdersThresholdsAndWhatIsWritten)
 {
     // (1 + 2i) x = 5 gives 1 - 2i exactly; the complex pivot test is on the
     // squared modulus; [[1, 0], [0, 1e-9 i]] fails on its last pivot.
-    double ar = 1, ai = 2, br = 5, bi = 0;
-    ASSERT_EQ(linear_Gauss(&ar, &ai, 1, &br, &bi), 1);
-    EXPECT_TRUE(br == 1.0 && bi == -2.0);
-    ar = 1.49e-8, ai = 0;
-    EXPECT_EQ(linear_Gauss(&ar, &ai, 1, &br, &bi), 0);
-    Vec zr{1, 0, 0, 0}, zi{0, 0, 0, 1e-9}, vr{1, 1}, vi{0, 0};
-    EXPECT_EQ(linear_Gauss(zr.data(), zi.data(), 2, vr.data(), vi.data()), 0);
-    zr = {0, 0, 0, 0}, zi = {0, 0, 0, 0};
-    EXPECT_EQ(linear_Gauss(zr.data(), zi.data(), 2, vr.data(), vi.data()), 0);
+    double ar[] = {1, 1.49e-8, 1, 0, 0, 0, 0, 0, 0, 0}, ai[] = {2, 0, 0, 0, 0, 1e-9, 0, 0, 0, 0}, br[2] = {5, 1}, bi[2] = {};
+    ASSERT_EQ(linear_Gauss(ar, ai, 1, br, bi), 1);
+    EXPECT_TRUE(br[0] == 1.0 && bi[0] == -2.0);
+    EXPECT_EQ(linear_Gauss(ar + 1, ai + 1, 1, br, bi) + linear_Gauss(ar + 2, ai + 2, 2, br, bi) + linear_Gauss(ar + 6, ai + 6, 2, br, bi), 0);
 
     double a = 5.0, b = 7.0;
     const int band[][4] = {{0, 0, 1, 2}, {-1, 0, 1, 0}, {1, -1, 1, 0}, {1, 0, -1, 0}};
@@ -199,19 +169,12 @@ TEST(SolverEdges, OrdersThresholdsAndWhatIsWritten)
 
     // Tridiagonal: a zero pivot, a vanishing second pivot (b reduced but not
     // solved), one unknown, none, a negative order.
-    Vec t{0, 1, 1, 1}, tb{1, 1};
-    EXPECT_EQ(linear_TrianglePullup(t.data(), 2, tb.data()), 0);
-    EXPECT_EQ(tb, (Vec{1, 1}));
-    t = {2, 1, 4, 2}, tb = {1, 1};
-    EXPECT_EQ(linear_TrianglePullup(t.data(), 2, tb.data()), 0);
-    EXPECT_EQ(tb, (Vec{0.5, -1}));
-    double one = 8.0, rhs = 2.0;
-    EXPECT_EQ(linear_TrianglePullup(&one, 1, &rhs), 2);
-    EXPECT_EQ(rhs, 0.25);
-    EXPECT_EQ(linear_TrianglePullup(&one, 0, &rhs), 2);
-    EXPECT_EQ(linear_TrianglePullup(&one, -2, &rhs), 0);
-    EXPECT_EQ(rhs, 0.25);
-
+    const struct { Vec t, b; int n, result; Vec after; } tri[] = {{{0, 1, 1, 1}, {1, 1}, 2, 0, {1, 1}},
+        {{2, 1, 4, 2}, {1, 1}, 2, 0, {0.5, -1}}, {{8}, {2}, 1, 2, {0.25}}, {{8}, {2}, 0, 2, {2}}, {{8}, {2}, -2, 0, {2}}};
+    for (auto r : tri) {
+        EXPECT_EQ(linear_TrianglePullup(r.t.data(), r.n, r.b.data()), r.result) << r.n;
+        EXPECT_EQ(r.b, r.after) << r.n;
+    }
     // Gauss-Seidel: row 1 not dominant gives -1 with x zeroed up to that row.
     Vec g{4, 1, 0, 3, 2, 0, 0, 0, 1}, gb{1, 1, 1}, x{9, 9, 9};
     EXPECT_EQ(linear_GaussSeidel(g.data(), gb.data(), 3, x.data(), 1e-12), -1);
@@ -220,11 +183,7 @@ TEST(SolverEdges, OrdersThresholdsAndWhatIsWritten)
 
 // The solvers that keep a column record, for order n: a regular matrix
 // (imaginary parts 0.25) or a zero one.
-struct Allocating {
-    const char* name;
-    std::size_t a_parts, b_size;
-    std::function<int(int n, double* a, double* b)> call;
-};
+struct Allocating { const char* name; std::size_t a_parts, b_size; int (*call)(int n, double* a, double* b); };
 
 const Allocating kAllocating[] = {
     {"Gauss", 1, 1, [](int n, double* a, double* b) { return linear_Gauss(a, b, n); }},
