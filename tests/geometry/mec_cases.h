@@ -1,8 +1,6 @@
 // Shared by the enclosing-circle tests: point-set generators, and the
 // comparison of the fast search with the plain one.
-#ifndef QELMATH_TESTS_MEC_CASES_H
-#define QELMATH_TESTS_MEC_CASES_H
-
+#pragma once
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -21,8 +19,7 @@ template <void (*Search)(double*, int, double*, double*) = MinimumRadiusCircleFr
 Circle fast(Points& pts)
 {
     double c[3] = {-7, -7, -7};
-    Search(pts.data(), static_cast<int>(pts.size() / 2), c, c + 2);
-    return {c[0], c[1], c[2]};
+    return Search(pts.data(), static_cast<int>(pts.size() / 2), c, c + 2), Circle{c[0], c[1], c[2]};
 }
 
 // Both run on copies: outputs and reordered arrays equal to the bit, and the
@@ -31,12 +28,11 @@ inline ::testing::AssertionResult agrees(const Points& pts)
 {
     Points a = pts, b = pts;
     testalloc::reset();
-    Circle f = fast(a);
-    auto requests = testalloc::requests();
+    const Circle f = fast(a);
+    const auto requests = testalloc::requests();
     testalloc::reset();
-    Circle p = fast<mecref::reference_mec>(b);
-    if (std::memcmp(&f, &p, sizeof f) == 0 && std::memcmp(a.data(), b.data(), 8 * a.size()) == 0 &&
-        requests == testalloc::requests())
+    const Circle p = fast<mecref::reference_mec>(b);
+    if (!std::memcmp(&f, &p, sizeof f) && !std::memcmp(a.data(), b.data(), 8 * a.size()) && requests == testalloc::requests())
         return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << "fast radius " << f.r << ", plain " << p.r << ", n = " << pts.size() / 2;
 }
@@ -88,5 +84,3 @@ inline Points rectangle(std::mt19937_64& g, int extra, bool outline, Points pts 
 }
 
 }  // namespace mectest
-
-#endif

@@ -34,13 +34,10 @@ bool same(const double* x, const double* y, std::size_t n) { return std::memcmp(
 
 // An output with four sentinels on either side.
 struct Guarded {
+    Vec cells;
     explicit Guarded(std::size_t count) : cells(count + 8, kSentinel) {}
     double* out() { return cells.data() + 4; }
-    bool intact() const
-    {
-        return Vec(cells.begin(), cells.begin() + 4) == Vec(4, kSentinel) && Vec(cells.end() - 4, cells.end()) == Vec(4, kSentinel);
-    }
-    Vec cells;
+    bool intact() const { return Vec(cells.begin(), cells.begin() + 4) == Vec(4, kSentinel) && Vec(cells.end() - 4, cells.end()) == Vec(4, kSentinel); }
 };
 
 class AtEveryWidth : public ::testing::Test {
@@ -57,11 +54,9 @@ void plain_complex(const Vec& ar, const Vec& ai, const Vec& br, const Vec& bi, i
             for (int l = 0; l < n; ++l) {
                 const double x = ar[i * n + l], y = ai[i * n + l], u = br[l * k + j], v = bi[l * k + j];
                 const double p1 = x * u, p2 = y * v, s = (x + y) * (u + v);
-                tr[l] = p1 - p2;
-                ti[l] = (s - p1) - p2;
+                tr[l] = p1 - p2, ti[l] = (s - p1) - p2;
             }
-            cr[i * k + j] = plain::blocked_sum(tr);
-            ci[i * k + j] = plain::blocked_sum(ti);
+            cr[i * k + j] = plain::blocked_sum(tr), ci[i * k + j] = plain::blocked_sum(ti);
         }
 }
 
@@ -86,8 +81,7 @@ TEST_F(AtEveryWidth, ProductsKeepThePlainSchemesBits)
             plain_complex(a, ai, b, bi, m, n, k, wr, wi);
             Guarded gr(wr.size()), gi(wi.size());
             mt_Mul(a.data(), ai.data(), b.data(), bi.data(), m, n, k, gr.out(), gi.out());
-            EXPECT_TRUE(same(wr.data(), gr.out(), wr.size()) && same(wi.data(), gi.out(), wi.size()));
-            EXPECT_TRUE(gr.intact() && gi.intact());
+            EXPECT_TRUE(same(wr.data(), gr.out(), wr.size()) && same(wi.data(), gi.out(), wi.size()) && gr.intact() && gi.intact());
         }
     }
 }
@@ -105,8 +99,7 @@ TEST(RealProduct, FactorRequestsAndTheSameBitsWithoutThem)
         else testalloc::fail_at(failing);
         mt_Mul(a.data(), b.data(), m, n, k, (failing ? got : want).out());
         testalloc::fail_from(0);
-        EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{8 * m, 8 * k}));
-        EXPECT_EQ(scope.leaked(), 0u);
+        EXPECT_TRUE(testalloc::requests() == (std::vector<std::uint32_t>{8 * m, 8 * k}) && scope.leaked() == 0);
         EXPECT_TRUE(failing == 0 || want.cells == got.cells) << "failing " << failing;
     }
 }
@@ -138,8 +131,7 @@ TEST(Products, SizeEdges)
         mt_Mul(big, two, s[0], s[1], s[2], &w);
     }
     EXPECT_TRUE(testalloc::requests().empty());
-    EXPECT_TRUE(r.out()[0] == kSentinel && r.intact() && none.intact() && cr.intact() && w == 5);
-    EXPECT_EQ(scope.leaked(), 0u);
+    EXPECT_TRUE(r.out()[0] == kSentinel && r.intact() && none.intact() && cr.intact() && w == 5 && scope.leaked() == 0);
 
     // Integers wrap around in 32 bits; an empty inner size writes zeros.
     mt_Mul(big, two, 1, 2, 1, &w);   // 2 (2^31 - 1) - 3 * 2^31
@@ -152,8 +144,7 @@ TEST(Products, SizeEdges)
     mt_Sub(p, q, -1, -1, s);
     EXPECT_TRUE(s[0] == -9.0 && s[1] == kSentinel);
     int ip[1] = {INT_MAX}, iq[1] = {1}, is[1] = {0};
-    mt_Add(ip, iq, 1, 1, is);
-    EXPECT_EQ(is[0], INT_MIN);
+    EXPECT_EQ((mt_Add(ip, iq, 1, 1, is), is[0]), INT_MIN);
 }
 
 TEST_F(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
@@ -185,11 +176,7 @@ TEST_F(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
 
 TEST(Determinant, PivotRulesAndWhatIsLeft)
 {
-    struct Row {
-        Vec a;
-        double det;
-        Vec left;   // the matrix afterwards; empty: not checked
-    };
+    struct Row { Vec a; double det; Vec left; };   // left: the matrix afterwards; empty: not checked
     const double below = std::nextafter(kEps, 0.0);
     const Row rows[] = {
         {{1, 2, 3, 4}, -2.0, {4, 3, 2, -0.5}},
@@ -217,38 +204,29 @@ TEST(Inversion, ThresholdsRecordsAndExchanges)
 {
     const double above = std::nextafter(kEps, 1.0);
     double t[4] = {kEps, 0, 0, kEps}, u[4] = {above, 0, 0, above};
-    EXPECT_EQ(mt_Inv(t, 2), 0);
-    EXPECT_EQ(mt_Inv(u, 2), 1);
-    EXPECT_EQ(u[0], 1.0 / above);
+    EXPECT_TRUE(mt_Inv(t, 2) == 0 && mt_Inv(u, 2) == 1 && u[0] == 1.0 / above);
     double tie[4] = {1, -1, -1, 1};   // ties to (0, 0); the second step finds 0
-    EXPECT_EQ(mt_Inv(tie, 2), 0);
-    EXPECT_EQ(Vec(tie, tie + 4), (Vec{1, -1, 1, 0}));
+    EXPECT_TRUE(mt_Inv(tie, 2) == 0 && Vec(tie, tie + 4) == (Vec{1, -1, 1, 0}));
     double ex[9] = {0, 0, 2, 0, 4, 0, 8, 0, 0};   // exchanges undone
-    EXPECT_EQ(mt_Inv(ex, 3), 1);
-    EXPECT_EQ(Vec(ex, ex + 9), (Vec{0, 0, 0.125, 0, 0.25, 0, 0.5, 0, 0}));
+    EXPECT_TRUE(mt_Inv(ex, 3) == 1 && Vec(ex, ex + 9) == (Vec{0, 0, 0.125, 0, 0.25, 0, 0.5, 0, 0}));
     // Complex: the squared modulus exactly at 2^-52 passes.
     double br = std::ldexp(1.0, -26), bi = 0, sr = 1.4e-8, si = 0;
-    EXPECT_EQ(mt_Inv(&br, &bi, 1), 1);
-    EXPECT_EQ(br, std::ldexp(1.0, 26));
-    EXPECT_EQ(mt_Inv(&sr, &si, 1), 0);
+    EXPECT_TRUE(mt_Inv(&br, &bi, 1) == 1 && br == std::ldexp(1.0, 26) && mt_Inv(&sr, &si, 1) == 0);
     double zr[4] = {0, 0, 2, 0}, zi[4] = {0, 1, 0, 0};   // inverse [[0, 0.5], [-i, 0]]
-    EXPECT_EQ(mt_Inv(zr, zi, 2), 1);
-    EXPECT_TRUE(Vec(zr, zr + 4) == (Vec{0, 0.5, 0, 0}) && Vec(zi, zi + 4) == (Vec{0, 0, -1, 0}));
+    EXPECT_TRUE(mt_Inv(zr, zi, 2) == 1 && Vec(zr, zr + 4) == (Vec{0, 0.5, 0, 0}) && Vec(zi, zi + 4) == (Vec{0, 0, -1, 0}));
 
     // One record block of 2n ints, back on every path; without it, nothing
     // is inverted or touched.
     testalloc::Scope scope;
-    double a[9] = {2, 1, 0, 1, 3, 1, 0, 1, 4}, s[9] = {1, 2, 3, 2, 4, 6, 1, 1, 1};
+    double a[9] = {2, 1, 0, 1, 3, 1, 0, 1, 4}, s[9] = {1, 2, 3, 2, 4, 6, 1, 1, 1}, ar[4] = {1, 0, 0, 1}, ai[4] = {0, 0, 0, 0};
     const Vec a_in(a, a + 9);
-    double ar[4] = {1, 0, 0, 1}, ai[4] = {0, 0, 0, 0};
     EXPECT_TRUE(mt_Inv(s, 3) == 0 && mt_Inv(ar, ai, 2) == 1 && mt_Inv(nullptr, 0) == 1);
     EXPECT_TRUE(mt_Inv(nullptr, -2) == 1 && mt_Inv(nullptr, nullptr, -2) == 1);
     EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{24, 16, 0}));
     testalloc::fail_from(1);
     EXPECT_TRUE(mt_Inv(a, 3) == 0 && mt_Inv(zr, zi, 2) == 0);
     testalloc::fail_from(0);
-    EXPECT_TRUE(Vec(a, a + 9) == a_in && zr[1] == 0.5);
-    EXPECT_EQ(scope.leaked(), 0u);
+    EXPECT_TRUE(Vec(a, a + 9) == a_in && zr[1] == 0.5 && scope.leaked() == 0);
 }
 
 TEST(ClosedForms, ThresholdsAndSingularCasesUntouched)
@@ -257,10 +235,8 @@ TEST(ClosedForms, ThresholdsAndSingularCasesUntouched)
     double z4[16] = {1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 0, 0, 1, 0, 0, 1};
     EXPECT_TRUE(mt_Inv2(z2) == 0 && mt_Inv3(z3) == 0 && mt_Inv4(z4) == 0);
     EXPECT_TRUE(z2[1] == 2 && z3[8] == 6 && z4[15] == 1);
-    double e2[4] = {kEps, 0, 0, 1};   // |det| at the threshold is refused
-    EXPECT_EQ(mt_Inv2(e2), 0);
-    e2[0] = std::nextafter(kEps, 1.0);
-    EXPECT_EQ(mt_Inv2(e2), 1);
+    double e2[4] = {kEps, 0, 0, 1}, f2[4] = {std::nextafter(kEps, 1.0), 0, 0, 1};   // |det| at the threshold is refused
+    EXPECT_TRUE(mt_Inv2(e2) == 0 && mt_Inv2(f2) == 1);
 }
 
 }  // namespace
