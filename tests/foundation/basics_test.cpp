@@ -16,12 +16,7 @@ namespace {
 constexpr double kTwoPi = 6.283185307179586;
 constexpr double kInf = HUGE_VAL;
 
-std::uint64_t bits(double x)
-{
-    std::uint64_t u;
-    std::memcpy(&u, &x, sizeof u);
-    return u;
-}
+std::uint64_t bits(double x) { std::uint64_t u; std::memcpy(&u, &x, 8); return u; }
 
 // Outputs may be their inputs.
 TEST(Vectors, WrittenInPlace)
@@ -30,10 +25,8 @@ TEST(Vectors, WrittenInPlace)
     VectorCrossProduct(a, b, b);
     VectorCrossProduct(a, b, a);  // (1, 2, 3) x (-3, 6, -3)
     math_Polar(p, 0.0, 2.0, p);
-    const double want[3][3] = {{-3, 6, -3}, {-24, -6, 12}, {3, 2, 3}};
-    const double* got[3] = {b, a, p};
-    for (int v = 0; v < 3; ++v)
-        for (int i = 0; i < 3; ++i) EXPECT_EQ(got[v][i], want[v][i]) << v << " " << i;
+    const double want[3][3] = {{-3, 6, -3}, {-24, -6, 12}, {3, 2, 3}}, *got[3] = {b, a, p};
+    for (int v = 0; v < 9; ++v) EXPECT_EQ(got[v / 3][v % 3], want[v / 3][v % 3]) << v;
 }
 
 // The defining procedure: one turn per step.
@@ -43,12 +36,7 @@ double stepped(double a)
     while (a >= kTwoPi) a = a - kTwoPi;
     return a;
 }
-
-double normalized(double a)
-{
-    math_NormalizeAngle(&a);
-    return a;
-}
+double normalized(double a) { return math_NormalizeAngle(&a), a; }
 
 // Runs of steps are taken at once: every binade up to 2pi * 2^24 turns, its
 // edges, and [64, 128), where 2pi modulo the ulp is half an ulp and every
@@ -77,8 +65,7 @@ TEST(NormalizeAngle, MatchesLiteralStepping)
     math_NormalizeAngle(&a, &b);
     math_NormalizeAngle(&c, &a);  // equal angles: zero sweep, no turn added
     math_NormalizeAngle(&a, nullptr);
-    EXPECT_EQ(b, kTwoPi / 4 + kTwoPi);
-    EXPECT_EQ(a, c);
+    EXPECT_TRUE(b == kTwoPi / 4 + kTwoPi && a == c);
 }
 
 // Comparisons exactly at the tolerance and just beyond, with both the real
@@ -109,9 +96,7 @@ const Row kRows[] = {
 TEST(Tolerances, ComparisonsAtTheirBoundaries)
 {
     for (const Row& r : kRows) {
-        math_SetDoubleTolerance(r.tol);
-        math_SetPointTolerance(r.tol);
-        math_SetVectorTolerance(1.0);  // read by no operation
+        math_SetDoubleTolerance(r.tol), math_SetPointTolerance(r.tol), math_SetVectorTolerance(1.0);  // the last read by no operation
         double p[3] = {r.p[0], r.p[1], r.p[2]}, q[3] = {r.q[0], r.q[1], r.q[2]}, o[3] = {0, 0, 0};
         int got = r.f == 'z' ? math_IsRealZero(p[0]) : r.f == 'r' ? math_IsRealEqual(p[0], q[0])
                 : r.f == 'g' ? math_IsAngleEqual(p[0], q[0]) : r.f == 'p' ? math_IsPoint2dEqual(p, q)
@@ -120,9 +105,7 @@ TEST(Tolerances, ComparisonsAtTheirBoundaries)
         EXPECT_EQ(got, r.want) << "row " << &r - kRows;
         EXPECT_TRUE(r.f != 'n' || (p[0] == q[0] && p[1] == q[1] && p[2] == q[2])) << "row " << &r - kRows;
     }
-    math_SetDoubleTolerance(1e-9);
-    math_SetPointTolerance(1e-9);
-    math_SetVectorTolerance(1e-9);
+    math_SetDoubleTolerance(1e-9), math_SetPointTolerance(1e-9), math_SetVectorTolerance(1e-9);
 }
 
 }  // namespace

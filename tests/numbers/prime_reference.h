@@ -2,9 +2,7 @@
 // trial division by the table primes up to the square root, and a
 // deterministic strong probable-prime test to the bases 2, 7 and 61 with the
 // modular product taken as a 64-bit remainder. Deliberately straightforward.
-#ifndef QELMATH_TESTS_PRIME_REFERENCE_H
-#define QELMATH_TESTS_PRIME_REFERENCE_H
-
+#pragma once
 #include <cstdint>
 #include <initializer_list>
 
@@ -40,5 +38,3 @@ inline int miller_rabin_is_prime(std::uint32_t n)
 }
 
 }  // namespace reference
-
-#endif

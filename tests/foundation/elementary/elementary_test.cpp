@@ -25,12 +25,7 @@
 
 namespace {
 
-std::uint64_t bits(double v)
-{
-    std::uint64_t u;
-    std::memcpy(&u, &v, sizeof u);
-    return u;
-}
+std::uint64_t bits(double v) { std::uint64_t u; std::memcpy(&u, &v, 8); return u; }
 
 bool same(double a, double b) { return (a != a && b != b) || bits(a) == bits(b); }
 
@@ -131,16 +126,13 @@ TEST(Elementary, FixedPointHelpers)
 // keeps the single rounding.
 double reference(char f, double y, double x)
 {
-    static const bool ranges = mpfr_set_emin(-1073) == 0 && mpfr_set_emax(1024) == 0;
-    (void)ranges;
+    [[maybe_unused]] static const bool ranges = mpfr_set_emin(-1073) == 0 && mpfr_set_emax(1024) == 0;
     mpfr_t a, b, r;
     mpfr_inits2(53, a, b, r, static_cast<mpfr_ptr>(nullptr));
-    mpfr_set_d(a, y, MPFR_RNDN);
-    mpfr_set_d(b, x, MPFR_RNDN);
+    mpfr_set_d(a, y, MPFR_RNDN), mpfr_set_d(b, x, MPFR_RNDN);
     int t = f == 's' ? mpfr_sin(r, a, MPFR_RNDN) : f == 'c' ? mpfr_cos(r, a, MPFR_RNDN)
           : f == 'a' ? mpfr_atan(r, a, MPFR_RNDN) : mpfr_atan2(r, a, b, MPFR_RNDN);
-    mpfr_subnormalize(r, t, MPFR_RNDN);
-    double v = mpfr_get_d(r, MPFR_RNDN);
+    const double v = (mpfr_subnormalize(r, t, MPFR_RNDN), mpfr_get_d(r, MPFR_RNDN));
     mpfr_clears(a, b, r, static_cast<mpfr_ptr>(nullptr));
     return v;
 }
