@@ -32,15 +32,11 @@ TEST(Integration, GoldenValuesCallsAndLimits)
 {
     const struct { Routine routine; double (*f)(double); double a, b, eps, expected; std::size_t calls; } rows[] = {
         // The weights sum to 2.0000000001; the first pass is compared with 1e35.
-        {int_Gauss, constant3, 1.0, 4.0, 1e36, 9.00000000045, 5},
-        {int_Simpson, cubic, 0.0, 2.0, 1e-9, 2.0, 5}, {int_Romberg, cubic, 0.0, 2.0, 1e-9, 2.0, 5},
-        {int_Gauss, rational, 0.1, 2.3, 1e-12, 1.0610003338148617, 180},
-        {int_Chebyshev, rational, 0.1, 2.3, 1e-12, 1.0610003337569602, 1625},
-        {int_Romberg, rational, 0.1, 2.3, 1e-10, 1.061000333813319, 65},
-        {int_Simpson, rational, 0.1, 2.3, 1e-10, 1.0610003337576328, 513},
-        {int_Romberg, rational, 0.1, 2.3, 0.0, 1.0610003337622438, 513},
-        {int_Simpson, rational, 0.1, 2.3, -1.0, 1.0610003337622265, 1048577},
-        {int_Gauss, rational, 0.1, 2.3, 0.0, 1.0610003338152945, 2497500},
+        {int_Gauss, constant3, 1.0, 4.0, 1e36, 9.00000000045, 5}, {int_Simpson, cubic, 0.0, 2.0, 1e-9, 2.0, 5},
+        {int_Romberg, cubic, 0.0, 2.0, 1e-9, 2.0, 5}, {int_Gauss, rational, 0.1, 2.3, 1e-12, 1.0610003338148617, 180},
+        {int_Chebyshev, rational, 0.1, 2.3, 1e-12, 1.0610003337569602, 1625}, {int_Romberg, rational, 0.1, 2.3, 1e-10, 1.061000333813319, 65},
+        {int_Simpson, rational, 0.1, 2.3, 1e-10, 1.0610003337576328, 513}, {int_Romberg, rational, 0.1, 2.3, 0.0, 1.0610003337622438, 513},
+        {int_Simpson, rational, 0.1, 2.3, -1.0, 1.0610003337622265, 1048577}, {int_Gauss, rational, 0.1, 2.3, 0.0, 1.0610003338152945, 2497500},
         {int_Romberg, rational, 0.0, 1.0, 1e300, 0x1.9111111111111p-1, 3}, {int_Simpson, rational, 0.0, 1.0, 1e300, 0x1.9111111111111p-1, 3},
         {int_Romberg, nan_at_one, 0.0, 1.0, 1e-9, kNaN, 513}, {int_Romberg, infinite, 0.0, 1.0, 1e-9, kNaN, 513},
         // Empty interval: the five-point rules call nothing, the others f(a)

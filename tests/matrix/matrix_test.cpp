@@ -172,11 +172,9 @@ TEST(Determinant, PivotRulesAndWhatIsLeft)
     const Row rows[] = {
         {{1, 2, 3, 4}, -2.0, {4, 3, 2, -0.5}},
         // Ties go to the first element met: the -2 at (0, 1) before the 2.
-        {{1, -2, 2, 1}, 5.0, {-2, 1, 1, 2.5}},
-        {{kEps, 0, 0, kEps}, kEps * kEps, {}},
+        {{1, -2, 2, 1}, 5.0, {-2, 1, 1, 2.5}}, {{kEps, 0, 0, kEps}, kEps * kEps, {}},
         // Below the threshold: stopped after the search, nothing exchanged.
-        {{below, 0, 0, below}, 0.0, {below, 0, 0, below}},
-        {{0, 0, 0, 3}, 0.0, {3, 0, 0, 0}}, {{1, 2, 3, 2, 4, 6, 1, 1, 1}, 0.0, {}},
+        {{below, 0, 0, below}, 0.0, {below, 0, 0, below}}, {{0, 0, 0, 3}, 0.0, {3, 0, 0, 0}}, {{1, 2, 3, 2, 4, 6, 1, 1, 1}, 0.0, {}},
         {{1e-300}, 1e-300, {}}, {{-0.0}, -0.0, {}}, {{}, 1.0, {}},
     };
     for (const Row& r : rows) {
