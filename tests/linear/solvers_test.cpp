@@ -114,28 +114,24 @@ TEST(ClosedForms, DefinedBitsChoiceOfEquationsAndFallbacks)
 {
     // want: the bits of b after; empty: b untouched.
     struct Row { int n; Vec a, b; int result; std::vector<std::uint64_t> want; };
+    // 2: 23 * (1/3) and -5 * (1/3), where a true division would round
+    // differently; the threshold is inclusive. 3: a minor of equations 0 and
+    // 1 that vanishes takes equations 0 and 2; a first row (a00, 0, 0)
+    // equations 1 and 2; where D passes but no minor does, full elimination,
+    // which may find a pivot below the threshold; a minor at the threshold
+    // is refused. 4: D passes, the second pair's determinant is at the
+    // threshold: full elimination, whose last pivot is too.
     const Row rows[] = {
-        // 23 * (1/3) and -5 * (1/3): a true division would round differently.
-        {2, {1, 1, 1, 4}, {6, 1}, 1, {0x401eaaaaaaaaaaaau, 0xbffaaaaaaaaaaaaau}},
-        {2, {kEps, 0, 0, 1}, {1, 2}, 0, {}},   // the threshold is inclusive
+        {2, {1, 1, 1, 4}, {6, 1}, 1, {0x401eaaaaaaaaaaaau, 0xbffaaaaaaaaaaaaau}}, {2, {kEps, 0, 0, 1}, {1, 2}, 0, {}},
         {2, {2.3e-16, 0, 0, 1}, {1, 2}, 1, {bits(1.0 * (1.0 / 2.3e-16)), bits(2.3e-16 * 2.0 * (1.0 / 2.3e-16))}},
         {3, {4, 1, 2, 1, 5, 3, 2, 1, 6}, {1, 2, 3}, 1, {0xbf96c16c16c16c17u, 0x3fbc71c71c71c71bu, 0x3fdf49f49f49f49du}},
-        // Minor of equations 0 and 1 vanishes: equations 0 and 2.
         {3, {2, 0, 1, 1, 0, 3, 5, 1, 1}, {1, 2, 3}, 1, {0x3fc999999999999au, 0x3ff6666666666666u, 0x3fe3333333333333u}},
-        // First row (a00, 0, 0): equations 1 and 2.
-        {3, {2, 0, 0, 0, 3, 0, 0, 0, 4}, {1, 2, 3}, 1, {bits(0.5), bits(8.0 * (1.0 / 12.0)), bits(0.75)}},
-        {3, {1, 2, 3, 2, 4, 6, 1, 1, 1}, {1, 2, 3}, 0, {}},
-        // D passes but no minor does: full elimination, which here finds a
-        // pivot below the threshold.
+        {3, {2, 0, 0, 0, 3, 0, 0, 0, 4}, {1, 2, 3}, 1, {bits(0.5), bits(8.0 * (1.0 / 12.0)), bits(0.75)}}, {3, {1, 2, 3, 2, 4, 6, 1, 1, 1}, {1, 2, 3}, 0, {}},
         {3, {1e10, 0, 0, 0, 1e-10, 0, 0, 0, 1e-10}, {1, 2, 3}, 1, {bits(1e-10), bits(2e10), bits(3e10)}},
-        {3, {100, 0, 0, 0, 1e-17, 0, 0, 0, 1}, {1, 2, 3}, 0, {}},
-        {3, {2, 0, 0, 0, kEps, 0, 0, 0, 1}, {1, 2, 3}, 0, {}},   // a minor at the threshold is refused
+        {3, {100, 0, 0, 0, 1e-17, 0, 0, 0, 1}, {1, 2, 3}, 0, {}}, {3, {2, 0, 0, 0, kEps, 0, 0, 0, 1}, {1, 2, 3}, 0, {}},
         {4, {5, 1, 2, 0, 1, 6, 1, 2, 2, 1, 7, 1, 0, 2, 1, 8}, {1, 2, 3, 4}, 1, {0x3fa3f4072ee3ddaeu, 0x3fc0761f86af307du, 0x3fd5a635dfacfe9au, 0x3fdb3c7553347a1du}},
-        {4, {1e3, 0, 0, 0, 0, 1e3, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1e-17}, {1, 2, 3, 4}, 0, {}},
-        // D passes, the second pair's determinant is at the threshold: full
-        // elimination, whose last pivot is too.
+        {4, {1e3, 0, 0, 0, 0, 1e3, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1e-17}, {1, 2, 3, 4}, 0, {}}, {4, {1, 2, 3, 4, 2, 4, 6, 8, 0, 1, 0, 1, 1, 0, 1, 0}, {1, 2, 3, 4}, 0, {}},
         {4, {1, 0, 2, 0, 0, 1, -1, 0, 0, 0, 3, 0, 0, 0, -3, kEps}, {1, 2, 3, 4}, 0, {}},
-        {4, {1, 2, 3, 4, 2, 4, 6, 8, 0, 1, 0, 1, 1, 0, 1, 0}, {1, 2, 3, 4}, 0, {}},
     };
     for (const Row& r : rows) {
         Vec a = r.a, b = r.b;

@@ -19,28 +19,25 @@ bool same(double x, double y) { return (x != x && y != y) || (x == y && std::sig
 
 // Below 2^24 against a sieve, which also gives the prime table; above, around
 // 65521^2, 2^31 and the top of the range, random numbers, products of two
-// primes above 256, and composites with no factor below 256 that pass the
+// primes above 256 (kPrimes[54] = 257), and composites with no factor below 256 that pass the
 // strong test to base 2, to 2 and 61, to 2 and 7 (only the strong tests
 // themselves refuse them), against trial division.
 TEST(IsPrime, AgreesWithASieveAndTrialDivision)
 {
     std::vector<char> composite(1u << 24, 0);
-    std::vector<std::uint32_t> primes, ns = {280601u, 390937u, 458989u, 514447u, 916327u, 2205967u, 2269093u,
-                                             2284453u, 25326001u, 3215031751u, 4294836225u, 4292870399u};
+    std::vector<std::uint32_t> primes, ns = {280601u, 390937u, 458989u, 514447u, 916327u, 2205967u, 2269093u, 2284453u, 25326001u, 3215031751u, 4294836225u, 4292870399u};
     for (std::uint32_t n = 0; n < composite.size(); ++n) {
         composite[n] |= n < 2;
         for (std::uint32_t q = n * n; !composite[n] && n < 4096 && q < composite.size(); q += n) composite[q] = 1;
         if (!composite[n] && n < 65536) primes.push_back(n);
         EXPECT_EQ(num_IsPrime(n), !composite[n]) << n;
     }
-    ASSERT_EQ(primes.size(), static_cast<std::size_t>(qel::kPrimeCount));
-    for (int i = 0; i < qel::kPrimeCount; ++i) ASSERT_EQ(qel::kPrimes[i], primes[i]) << i;
+    ASSERT_EQ(primes, std::vector<std::uint32_t>(qel::kPrimes, qel::kPrimes + qel::kPrimeCount));
     for (std::uint64_t lo : {4293001441ull - 30000, 2147483648ull - 30000, 4294967296ull - 60000})
         for (std::uint64_t n = lo; n < lo + 60000 && n <= UINT32_MAX; ++n) ns.push_back(static_cast<std::uint32_t>(n));
     std::mt19937 rng(20260101u);
     for (int i = 0; i < 200000; ++i) ns.push_back(rng());
-    for (int i = 0; i < 20000; ++i)   // kPrimes[54] = 257
-        ns.push_back(static_cast<std::uint32_t>(std::uint64_t{qel::kPrimes[54 + rng() % 6488]} * qel::kPrimes[54 + rng() % 6488]));
+    for (int i = 0; i < 20000; ++i) ns.push_back(static_cast<std::uint32_t>(std::uint64_t{qel::kPrimes[54 + rng() % 6488]} * qel::kPrimes[54 + rng() % 6488]));
     for (std::uint32_t n : ns) EXPECT_EQ(num_IsPrime(n), reference::trial_division_is_prime(n)) << n;
 }
 
