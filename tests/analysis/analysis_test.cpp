@@ -104,8 +104,8 @@ TEST(Polynomial, HornerFromTheTopRoundingEachProduct)
 {
     double k[3] = {1, 2, 3}, u = 1.0 + 0x1p-30, c[2] = {-(1.0 + 0x1p-29), u};
     EXPECT_TRUE(math_Polynomial(k, 3, 2.0) == 17.0 && math_Polynomial(k, 0, 2.0) + math_Polynomial(k, -4, 2.0) == 0.0);
-    EXPECT_EQ(math_Polynomial(k, 1, kNaN), 1.0);
-    EXPECT_EQ(math_Polynomial(c, 2, u), 0.0);   // a fused multiply-add keeps 2^-60
+    // A NaN point with one coefficient is never read; a fused multiply-add keeps 2^-60.
+    EXPECT_TRUE(math_Polynomial(k, 1, kNaN) == 1.0 && math_Polynomial(c, 2, u) == 0.0);
 }
 
 }  // namespace

@@ -88,8 +88,7 @@ TEST(RealProduct, FactorRequestsAndTheSameBitsWithoutThem)
     for (int failing = 0; failing <= 3; ++failing) {   // none, the row, the column, both
         Guarded got(m * k);
         testalloc::Scope scope;
-        if (failing == 3) testalloc::fail_from(1);
-        else testalloc::fail_at(failing);
+        failing == 3 ? testalloc::fail_from(1) : testalloc::fail_at(failing);
         mt_Mul(a.data(), b.data(), m, n, k, (failing ? got : want).out());
         testalloc::fail_from(0);
         EXPECT_TRUE(testalloc::requests() == (std::vector<std::uint32_t>{8 * m, 8 * k}) && scope.leaked() == 0);
@@ -141,8 +140,7 @@ TEST(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
 {
     std::mt19937_64 rng(4);
     for (int n : {2, 3, 5, 8, 9, 16, 17, 33, 70}) {
-        const std::size_t nn = std::size_t(n) * n;
-        const Vec a = random(rng, nn), ai = random(rng, nn);
+        const Vec a = random(rng, std::size_t(n) * n), ai = random(rng, std::size_t(n) * n);
         Vec first;
         for (qel::SimdLevel level : kLevels) {
             qel::cap_simd_level(level);
@@ -154,12 +152,11 @@ TEST(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
         }
         // The inverse is one: a * inv is the identity to rounding.
         double worst = 0;
-        for (int i = 0; i < n; ++i)
-            for (int j = 0; j < n; ++j) {
-                double s = 0;
-                for (int l = 0; l < n; ++l) s += a[i * n + l] * first[3 + l * n + j];
-                worst = std::fmax(worst, std::fabs(s - (i == j)));
-            }
+        for (int i = 0; i < n * n; ++i) {   // row i / n, column i % n
+            double s = 0;
+            for (int l = 0; l < n; ++l) s += a[i / n * n + l] * first[3 + l * n + i % n];
+            worst = std::fmax(worst, std::fabs(s - (i / n == i % n)));
+        }
         EXPECT_TRUE(first[1] == 1 && first[2] == 1 && worst < 1e-9) << n;
     }
     qel::cap_simd_level(qel::SimdLevel::kAvx512);

@@ -51,8 +51,7 @@ TEST(Tables, FactorialsAndFibonacciNumbersOfEveryWidth)
     double fd = 1.0, prev = 0.0, cur = 1.0;
     for (int n = -1; n <= 1476; ++n) {
         if (n > 0) {
-            f *= n <= 20 ? static_cast<std::uint64_t>(n) : 1u;
-            fd = fd * n;
+            f *= n <= 20 ? static_cast<std::uint64_t>(n) : 1u, fd = fd * n;
             std::uint64_t next = older + newer;
             double d = n <= 92 ? static_cast<double>(next) : cur + prev;
             older = newer, newer = next, prev = cur, cur = d;

@@ -123,8 +123,7 @@ double reference(char f, double y, double x)
     mpfr_t a, b, r;
     mpfr_inits2(53, a, b, r, static_cast<mpfr_ptr>(nullptr));
     mpfr_set_d(a, y, MPFR_RNDN), mpfr_set_d(b, x, MPFR_RNDN);
-    int t = f == 's' ? mpfr_sin(r, a, MPFR_RNDN) : f == 'c' ? mpfr_cos(r, a, MPFR_RNDN)
-          : f == 'a' ? mpfr_atan(r, a, MPFR_RNDN) : mpfr_atan2(r, a, b, MPFR_RNDN);
+    int t = f == 's' ? mpfr_sin(r, a, MPFR_RNDN) : f == 'c' ? mpfr_cos(r, a, MPFR_RNDN) : f == 'a' ? mpfr_atan(r, a, MPFR_RNDN) : mpfr_atan2(r, a, b, MPFR_RNDN);
     const double v = (mpfr_subnormalize(r, t, MPFR_RNDN), mpfr_get_d(r, MPFR_RNDN));
     mpfr_clears(a, b, r, static_cast<mpfr_ptr>(nullptr));
     return v;
@@ -171,9 +170,8 @@ TEST(Elementary, FunctionsAndSlowPathsAreCorrectlyRounded)
         long mismatches = 0;
         for (long n = 0; n < s.count * QEL_SWEEP_SCALE; ++n) {
             double x = s.fns[0] == 't' ? draw(g, s.kx, s.xlo, s.xhi) : 0;
-            double y = s.ky == kNear ? x * (1 + s.ylo * u(g))
-                     : s.ky == kGap ? std::ldexp(draw(g, kLog, 0, 0), std::ilogb(x) + static_cast<int>(draw(g, kUniform, s.ylo, s.yhi)))
-                                    : draw(g, s.ky, s.ylo, s.yhi);
+            double y = s.ky == kNear ? x * (1 + s.ylo * u(g)) : s.ky != kGap ? draw(g, s.ky, s.ylo, s.yhi)
+                     : std::ldexp(draw(g, kLog, 0, 0), std::ilogb(x) + static_cast<int>(draw(g, kUniform, s.ylo, s.yhi)));
             for (const char* f = s.fns; *f; ++f) {
                 double got = eval(*f, s.slow, y, x), want = reference(*f, y, x);
                 if (!same(got, want) && ++mismatches <= 5)
