@@ -13,8 +13,7 @@
 
 namespace {
 
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kInf = HUGE_VAL;
+constexpr double kTwoPi = 6.283185307179586, kInf = HUGE_VAL;
 
 std::uint64_t bits(double x) { std::uint64_t u; std::memcpy(&u, &x, 8); return u; }
 
@@ -96,9 +95,8 @@ TEST(Tolerances, ComparisonsAtTheirBoundaries)
     for (const Row& r : kRows) {
         math_SetDoubleTolerance(r.tol), math_SetPointTolerance(r.tol), math_SetVectorTolerance(1.0);  // the last read by no operation
         double p[3] = {r.p[0], r.p[1], r.p[2]}, q[3] = {r.q[0], r.q[1], r.q[2]}, o[3] = {0, 0, 0};
-        int got = r.f == 'z' ? math_IsRealZero(p[0]) : r.f == 'r' ? math_IsRealEqual(p[0], q[0])
-                : r.f == 'g' ? math_IsAngleEqual(p[0], q[0]) : r.f == 'p' ? math_IsPoint2dEqual(p, q)
-                : r.f == 'P' ? math_IsPointEqual(p, q) : r.f == 'd' ? math_IsDirection2dEqual(o, p, o, q)
+        int got = r.f == 'z' ? math_IsRealZero(p[0]) : r.f == 'r' ? math_IsRealEqual(p[0], q[0]) : r.f == 'g' ? math_IsAngleEqual(p[0], q[0])
+                : r.f == 'p' ? math_IsPoint2dEqual(p, q) : r.f == 'P' ? math_IsPointEqual(p, q) : r.f == 'd' ? math_IsDirection2dEqual(o, p, o, q)
                 : r.f == 'D' ? math_IsDirectionEqual(o, p, o, q) : NormalizeVector(p);
         EXPECT_EQ(got, r.want) << "row " << &r - kRows;
         EXPECT_TRUE(r.f != 'n' || (p[0] == q[0] && p[1] == q[1] && p[2] == q[2])) << "row " << &r - kRows;

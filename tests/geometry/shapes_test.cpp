@@ -42,8 +42,7 @@ TEST(Shapes, WhatIsWrittenAtTiesAndDegenerateInput)
         {point(TriangleInscribedCircle, {5, 6, 0}, {5 + 1e-10, 6, 0}, {5, 6, 0}), {0, 5, 6, S, S, S, S}},
     };
     for (const auto& row : rows)
-        for (int i = 0; i < 7; ++i)
-            EXPECT_TRUE(std::memcmp(&row.first[i], &row.second[i], 8) == 0) << &row - rows << " " << i << ": " << row.first[i];
+        for (int i = 0; i < 7; ++i) EXPECT_TRUE(std::memcmp(&row.first[i], &row.second[i], 8) == 0) << &row - rows << " " << i << ": " << row.first[i];
 }
 
 // Classes at the tolerance on either side, the side an edge point falls to,
