@@ -13,15 +13,9 @@
 
 namespace {
 
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kInf = HUGE_VAL;
+constexpr double kTwoPi = 6.283185307179586, kInf = HUGE_VAL;
 
-std::uint64_t bits(double x)
-{
-    std::uint64_t u;
-    std::memcpy(&u, &x, sizeof u);
-    return u;
-}
+std::uint64_t bits(double x) { std::uint64_t u; std::memcpy(&u, &x, 8); return u; }
 
 // Outputs may be their inputs.
 TEST(Vectors, WrittenInPlace)
@@ -30,10 +24,8 @@ TEST(Vectors, WrittenInPlace)
     VectorCrossProduct(a, b, b);
     VectorCrossProduct(a, b, a);  // (1, 2, 3) x (-3, 6, -3)
     math_Polar(p, 0.0, 2.0, p);
-    const double want[3][3] = {{-3, 6, -3}, {-24, -6, 12}, {3, 2, 3}};
-    const double* got[3] = {b, a, p};
-    for (int v = 0; v < 3; ++v)
-        for (int i = 0; i < 3; ++i) EXPECT_EQ(got[v][i], want[v][i]) << v << " " << i;
+    const double want[3][3] = {{-3, 6, -3}, {-24, -6, 12}, {3, 2, 3}}, *got[3] = {b, a, p};
+    for (int v = 0; v < 9; ++v) EXPECT_EQ(got[v / 3][v % 3], want[v / 3][v % 3]) << v;
 }
 
 // The defining procedure: one turn per step.
@@ -43,12 +35,7 @@ double stepped(double a)
     while (a >= kTwoPi) a = a - kTwoPi;
     return a;
 }
-
-double normalized(double a)
-{
-    math_NormalizeAngle(&a);
-    return a;
-}
+double normalized(double a) { return math_NormalizeAngle(&a), a; }
 
 // Runs of steps are taken at once: every binade up to 2pi * 2^24 turns, its
 // edges, and [64, 128), where 2pi modulo the ulp is half an ulp and every
@@ -64,10 +51,8 @@ TEST(NormalizeAngle, MatchesLiteralStepping)
             as.push_back(std::min(a, kTwoPi * 16777216.0));
     }
     for (int i = 0; i < 4000; ++i) as.push_back(64.0 + static_cast<double>(rng() >> 11) * 0x1p-47);
-    for (double a : as) {
-        EXPECT_EQ(bits(normalized(a)), bits(stepped(a))) << a;
-        EXPECT_EQ(bits(normalized(-a)), bits(stepped(-a))) << -a;
-    }
+    for (double a : as)
+        for (double s : {a, -a}) EXPECT_EQ(bits(normalized(s)), bits(stepped(s))) << s;
     for (double a : {1e17, -1e17, 1e300, -1e300, DBL_MAX})
         EXPECT_EQ(bits(normalized(a)), bits(stepped(std::fmod(a, kTwoPi)))) << a;
     double big = std::ldexp(1.0, 56);  // stepping progresses here: no reduction
@@ -77,8 +62,7 @@ TEST(NormalizeAngle, MatchesLiteralStepping)
     math_NormalizeAngle(&a, &b);
     math_NormalizeAngle(&c, &a);  // equal angles: zero sweep, no turn added
     math_NormalizeAngle(&a, nullptr);
-    EXPECT_EQ(b, kTwoPi / 4 + kTwoPi);
-    EXPECT_EQ(a, c);
+    EXPECT_TRUE(b == kTwoPi / 4 + kTwoPi && a == c);
 }
 
 // Comparisons exactly at the tolerance and just beyond, with both the real
@@ -95,34 +79,29 @@ const Row kRows[] = {
     {'n', 1e-9, {0, 0, 3e-5}, {0, 0, 3e-5}, 0}, {'n', 1e-9, {0, 0, 3.2e-5}, {0, 0, 1}, 1},  // 9e-10, 1.024e-9
     {'r', 1e-9, {5e-10}, {0}, 1}, {'r', 1e-9, {0}, {5e-9}, 0}, {'r', 1e-9, {1e-9}, {1e-9}, 1}, {'r', 1e-9, {NAN}, {1}, 0},
     {'r', 1e-9, {1e-9}, {2e-9}, 0}, {'r', 1e-9, {2e-9}, {1e-9}, 0},  // relative to the second argument
-    {'r', 0.25, {1.25}, {1}, 1}, {'r', 0.25, {1.25 + 0x1p-52}, {1}, 0}, {'r', 1e-9, {1e-6}, {1.01e-6}, 0},
-    {'g', 1e-9, {kTwoPi}, {0}, 1}, {'g', 1e-9, {0}, {-kTwoPi}, 0}, {'g', 1e-9, {-1.5}, {kTwoPi - 1.5}, 1},
-    {'g', 1e-9, {1e-12}, {kTwoPi - 1e-12}, 0}, {'g', 1e-9, {5 * kTwoPi + 1}, {1}, 1}, {'g', 1e-9, {kInf}, {0}, 0},
+    {'r', 0.25, {1.25}, {1}, 1}, {'r', 0.25, {1.25 + 0x1p-52}, {1}, 0}, {'r', 1e-9, {1e-6}, {1.01e-6}, 0}, {'g', 1e-9, {kTwoPi}, {0}, 1},
+    {'g', 1e-9, {0}, {-kTwoPi}, 0}, {'g', 1e-9, {-1.5}, {kTwoPi - 1.5}, 1}, {'g', 1e-9, {1e-12}, {kTwoPi - 1e-12}, 0},
+    {'g', 1e-9, {5 * kTwoPi + 1}, {1}, 1}, {'g', 1e-9, {kInf}, {0}, 0},
     {'g', 1e-9, {kTwoPi * 4294967296.0}, {0}, 1},  // beyond 2^31 turns: no int wrap
     {'P', 1e-9, {1000}, {1000 + 1e-7}, 0}, {'p', 1e-9, {1e-6}, {1.0001e-6}, 0}, {'p', 1e-9, {1, 2, 3}, {1, 2, 4}, 1},
     {'P', 1e-9, {1, 2, 3}, {1, 2, 3.001}, 0}, {'P', 0, {1}, {1}, 0}, {'P', 0, {0}, {0}, 1}, {'p', 0.5, {1.5}, {1}, 0},
-    {'p', 0.5, {1.5 - 0x1p-52}, {1}, 1}, {'p', 0.5, {2.5}, {2}, 1}, {'p', 0.5, {2.5 + 0x1p-51}, {2}, 0},
-    {'d', 0, {1, 1}, {2, 3}, 1}, {'d', 0, {1, 1}, {-1, -1}, 0}, {'d', 0, {}, {2, 3}, 0}, {'d', 0, {1, 1}, {}, 0},
+    {'p', 0.5, {1.5 - 0x1p-52}, {1}, 1}, {'p', 0.5, {2.5}, {2}, 1}, {'p', 0.5, {2.5 + 0x1p-51}, {2}, 0}, {'d', 0, {1, 1}, {2, 3}, 1},
+    {'d', 0, {1, 1}, {-1, -1}, 0}, {'d', 0, {}, {2, 3}, 0}, {'d', 0, {1, 1}, {}, 0},
     {'d', 0, {1, 1}, {5, 0}, 0}, {'D', 0, {1, 0, 1}, {1, 0, -1}, 1}, {'D', 0, {1, 0, 2}, {1, 0, -1}, 0},  // ties: y, x
 };
 
 TEST(Tolerances, ComparisonsAtTheirBoundaries)
 {
     for (const Row& r : kRows) {
-        math_SetDoubleTolerance(r.tol);
-        math_SetPointTolerance(r.tol);
-        math_SetVectorTolerance(1.0);  // read by no operation
+        math_SetDoubleTolerance(r.tol), math_SetPointTolerance(r.tol), math_SetVectorTolerance(1.0);  // the last read by no operation
         double p[3] = {r.p[0], r.p[1], r.p[2]}, q[3] = {r.q[0], r.q[1], r.q[2]}, o[3] = {0, 0, 0};
-        int got = r.f == 'z' ? math_IsRealZero(p[0]) : r.f == 'r' ? math_IsRealEqual(p[0], q[0])
-                : r.f == 'g' ? math_IsAngleEqual(p[0], q[0]) : r.f == 'p' ? math_IsPoint2dEqual(p, q)
-                : r.f == 'P' ? math_IsPointEqual(p, q) : r.f == 'd' ? math_IsDirection2dEqual(o, p, o, q)
+        int got = r.f == 'z' ? math_IsRealZero(p[0]) : r.f == 'r' ? math_IsRealEqual(p[0], q[0]) : r.f == 'g' ? math_IsAngleEqual(p[0], q[0])
+                : r.f == 'p' ? math_IsPoint2dEqual(p, q) : r.f == 'P' ? math_IsPointEqual(p, q) : r.f == 'd' ? math_IsDirection2dEqual(o, p, o, q)
                 : r.f == 'D' ? math_IsDirectionEqual(o, p, o, q) : NormalizeVector(p);
         EXPECT_EQ(got, r.want) << "row " << &r - kRows;
         EXPECT_TRUE(r.f != 'n' || (p[0] == q[0] && p[1] == q[1] && p[2] == q[2])) << "row " << &r - kRows;
     }
-    math_SetDoubleTolerance(1e-9);
-    math_SetPointTolerance(1e-9);
-    math_SetVectorTolerance(1e-9);
+    math_SetDoubleTolerance(1e-9), math_SetPointTolerance(1e-9), math_SetVectorTolerance(1e-9);
 }
 
 }  // namespace

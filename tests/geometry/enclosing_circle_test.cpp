@@ -1,9 +1,91 @@
+// The enclosing circle: small sets pinned, the plain search (mec_reference.h)
+// matched bit for bit on random sets of every shape, and, in the long build
+// with CGAL, the exact smallest circle.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <vector>
+
 #include "foundation/cpu.h"
-#include "geometry/mec_cases.h"
+#include "geometry/mec_reference.h"
+#include "support/test_allocator.h"
+#ifdef QEL_MEC_EXACT
+#include <CGAL/Exact_predicates_exact_constructions_kernel.h>
+#include <CGAL/Min_circle_2.h>
+#include <CGAL/Min_circle_2_traits_2.h>
+#endif
 
 namespace {
 
-using namespace mectest;
+using Points = std::vector<double>;
+struct Circle { double cx, cy, r; bool operator==(const Circle& o) const { return cx == o.cx && cy == o.cy && r == o.r; } };
+
+template <void (*Search)(double*, int, double*, double*) = MinimumRadiusCircleFromPoints>
+Circle fast(Points& pts)
+{
+    double c[3] = {-7, -7, -7};
+    return Search(pts.data(), static_cast<int>(pts.size() / 2), c, c + 2), Circle{c[0], c[1], c[2]};
+}
+
+// Both run on copies: outputs and reordered arrays equal to the bit, and the
+// same requests made.
+inline ::testing::AssertionResult agrees(const Points& pts)
+{
+    Points a = pts, b = pts;
+    const Circle f = (testalloc::reset(), fast(a));
+    const auto requests = testalloc::requests();
+    const Circle p = (testalloc::reset(), fast<mecref::reference_mec>(b));
+    if (!std::memcmp(&f, &p, sizeof f) && !std::memcmp(a.data(), b.data(), 8 * a.size()) && requests == testalloc::requests())
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "fast radius " << f.r << ", plain " << p.r << ", n = " << pts.size() / 2;
+}
+
+inline Points disc(std::mt19937_64& g, int n, double scale, Points pts = {})
+{
+    std::uniform_real_distribution<double> u(-1, 1);
+    for (double x = u(g), y = u(g); static_cast<int>(pts.size()) < 2 * n; x = u(g), y = u(g))
+        if (x * x + y * y <= 1) pts.insert(pts.end(), {x * scale, y * scale});
+    return pts;
+}
+
+// On a circle around a random centre, at random or evenly spaced angles.
+inline Points on_circle(std::mt19937_64& g, int n, double r, bool regular, Points pts = {})
+{
+    std::uniform_real_distribution<double> u(0, 6.283185307179586), off(-100, 100);
+    const double ox = off(g), oy = off(g), phase = u(g);
+    for (int i = 0; i < n; ++i) {
+        double a = regular ? phase + i * 6.283185307179586 / n : u(g);
+        pts.insert(pts.end(), {ox + r * std::cos(a), oy + r * std::sin(a)});
+    }
+    return pts;
+}
+
+// Small integers: many collinear triples and exact duplicates. With
+// on_ring, lattice points of x^2 + y^2 = 25 or 65 only.
+inline Points grid(std::mt19937_64& g, int n, int side, bool on_ring = false, Points pts = {})
+{
+    std::uniform_int_distribution<int> u(-side, side);
+    const int r2 = g() & 1 ? 65 : 25;
+    for (int x = u(g), y = u(g); static_cast<int>(pts.size()) < 2 * n; x = u(g), y = u(g))
+        if (!on_ring || x * x + y * y == r2) pts.insert(pts.end(), {double(x), double(y)});
+    return pts;
+}
+
+// A rectangle turned by a random angle with points inside, or an upright
+// outline with points along its sides, in random order.
+inline Points rectangle(std::mt19937_64& g, int extra, bool outline, Points pts = {})
+{
+    std::uniform_real_distribution<double> u(0, 3.141592653589793), side(0.1, 10), in(-0.5, 0.5);
+    double a = outline ? 0 : u(g), w = side(g), h = side(g), c = std::cos(a), s = std::sin(a);
+    std::vector<std::pair<double, double>> p = {{-w / 2, -h / 2}, {w / 2, -h / 2}, {w / 2, h / 2}, {-w / 2, h / 2}};
+    for (double i = 0, t = -0.5; i < extra; ++i, t = i / extra - 0.5)
+        if (outline) p.insert(p.end(), {{t * w, -h / 2}, {w / 2, t * h}, {-t * w, h / 2}, {-w / 2, -t * h}});
+        else p.push_back({in(g) * w, in(g) * h});
+    std::shuffle(p.begin() + (outline ? 0 : 4), p.end(), g);
+    for (auto& q : p) pts.insert(pts.end(), {c * q.first - s * q.second, s * q.first + c * q.second});
+    return pts;
+}
 
 // Small sets with their circle and reordered array pinned, and sets that
 // fuzzing or review found; each must also match the plain search.
@@ -31,8 +113,7 @@ TEST(EnclosingCircle, PinnedCirclesAndRegressions)
     for (const auto& row : rows) {
         Points p = row.pts;
         const Circle c = fast(p);
-        EXPECT_TRUE(agrees(row.pts) && c.cx == row.want.cx && c.cy == row.want.cy && c.r == row.want.r) << &row - rows;
-        EXPECT_TRUE(row.reordered.empty() || p == row.reordered) << &row - rows;
+        EXPECT_TRUE(agrees(row.pts) && c == row.want && (row.reordered.empty() || p == row.reordered)) << &row - rows;
     }
 }
 
@@ -50,8 +131,7 @@ TEST(EnclosingCircle, NothingWrittenWithoutPointsOrMemory)
         MinimumRadiusCircleFromPoints(pts.data(), k > 0 ? 5 : k, centre, &radius);
         testalloc::fail_at(0);
         EXPECT_TRUE(centre[0] == -7 && centre[1] == -8 && radius == -9 && scope.leaked() == 0) << k;
-        EXPECT_EQ(testalloc::requests().size(), std::size_t(std::max(k, 0))) << k;
-        EXPECT_EQ(testalloc::frees(), std::size_t(std::max(k - 1, 0))) << k;
+        EXPECT_TRUE(testalloc::requests().size() == std::size_t(std::max(k, 0)) && testalloc::frees() == std::size_t(std::max(k - 1, 0))) << k;
         EXPECT_EQ(pts, k == 2 ? moved : square) << k;
     }
 }
@@ -68,9 +148,8 @@ TEST(EnclosingCircle, MatchesPlainSearch)
         qel::cap_simd_level(round % 2 ? qel::SimdLevel::kBaseline : qel::SimdLevel::kAvx512);
         math_SetDoubleTolerance(round % 5 == 4 ? std::vector<double>{0.0, -1.0, 1e-3, 10.0}[round / 5 % 4] : 1e-9);
         double scale = round % 3 ? 1.0 : std::vector<double>{1e-300, 1e-150, 1e150, 1e300}[round / 3 % 4];
-        std::vector<Points> sets = {disc(g, n, scale), disc(g, n, 1e6), grid(g, n, 4), grid(g, n, 1),
-                                    grid(g, n, 8, true), on_circle(g, n + 5, scale * 3, false),
-                                    on_circle(g, n + 5, 1e-3, true), rectangle(g, n % 5, false),
+        std::vector<Points> sets = {disc(g, n, scale), disc(g, n, 1e6), grid(g, n, 4), grid(g, n, 1), grid(g, n, 8, true),
+                                    on_circle(g, n + 5, scale * 3, false), on_circle(g, n + 5, 1e-3, true), rectangle(g, n % 5, false),
                                     rectangle(g, 1 + n / 4, true), disc(g, 10, 1.0), on_circle(g, 8, 1.0, false), {}};
         // A ring around a disc, a point just inside a vertex and a closed
         // outline, NaN and infinity, collinear runs on a chord, a sliver.
@@ -87,5 +166,31 @@ TEST(EnclosingCircle, MatchesPlainSearch)
     }
     qel::cap_simd_level(qel::SimdLevel::kAvx512), math_SetDoubleTolerance(1e-9);
 }
+
+#ifdef QEL_MEC_EXACT
+// The enclosing circle against CGAL's Min_circle_2 on an exact kernel: the
+// smallest circle computed without rounding must agree to 1e-9. (Distinct
+// points closer than the tolerance would not: none of these sets has any.)
+using Kernel = CGAL::Exact_predicates_exact_constructions_kernel;
+
+TEST(EnclosingCircleExact, AgreesWithExactSmallestCircle)
+{
+    std::mt19937_64 g(5150);
+    for (int round = 0; round < 500; ++round) {
+        int n = 3 + round % 58;
+        for (Points s : {disc(g, n, 1.0), disc(g, n, 1e4), on_circle(g, std::min(n, 40), 2.0, false),
+                         on_circle(g, 4 + round % 9, 1.0 + round, true), grid(g, n, 8, true),
+                         rectangle(g, n % 7, false), rectangle(g, 0, false), grid(g, n, 20)}) {
+            std::vector<Kernel::Point_2> p;
+            for (std::size_t i = 0; i < s.size(); i += 2) p.emplace_back(s[i], s[i + 1]);
+            const auto e = CGAL::Min_circle_2<CGAL::Min_circle_2_traits_2<Kernel>>(p.begin(), p.end(), true).circle();
+            const double r = std::sqrt(CGAL::to_double(e.squared_radius()));
+            const Circle c = fast(s);
+            ASSERT_TRUE(std::fabs(c.r - r) <= 1e-9 * r) << round << ": " << c.r << " exact " << r;
+            ASSERT_TRUE(std::hypot(c.cx - CGAL::to_double(e.center().x()), c.cy - CGAL::to_double(e.center().y())) <= 1e-9 * r) << round;
+        }
+    }
+}
+#endif
 
 }  // namespace

@@ -2,9 +2,7 @@
 // any shortcut: the oracle the fast implementation must match bit for bit
 // (and the baseline of its benchmark). It calls the exported triangle
 // functions exactly where the search does and takes the same two blocks.
-#ifndef QELMATH_TESTS_MEC_REFERENCE_H
-#define QELMATH_TESTS_MEC_REFERENCE_H
-
+#pragma once
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -24,12 +22,11 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     // The point farthest (in x + y distance) from the mean in each quadrant,
     // counter-clockwise from the upper right, goes to the front.
     double sx = 0, sy = 0, best[4] = {0, 0, 0, 0};
-    for (int i = 0; i < n; ++i) sx += pts[2 * i], sy += pts[2 * i + 1];
-    const double cx = sx / n, cy = sy / n;
     int at[4] = {0, 0, 0, 0};
+    for (int i = 0; i < n; ++i) sx += pts[2 * i], sy += pts[2 * i + 1];
     for (int i = 0; i < n; ++i) {   // a NaN anywhere makes s NaN: no quadrant
-        double x = pts[2 * i], y = pts[2 * i + 1], s = (x >= cx ? x - cx : cx - x) + (y >= cy ? y - cy : cy - y);
-        int q = x >= cx ? (y >= cy ? 0 : 3) : (y >= cy ? 1 : 2);
+        const double x = pts[2 * i], y = pts[2 * i + 1], s = std::fabs(x - sx / n) + std::fabs(y - sy / n);
+        const int q = x >= sx / n ? (y >= sy / n ? 0 : 3) : (y >= sy / n ? 1 : 2);
         if (s > best[q]) best[q] = s, at[q] = i;
     }
     for (int k = 0; k < std::min(n, 4); ++k) {
@@ -41,8 +38,8 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
     // equal vertex of one.
     int* flag = static_cast<int*>(mem_malloc(static_cast<std::uint32_t>(sizeof(int) * n)));
     if (flag == nullptr) return mem_free(cand);
-    auto same = [pts](int a, int b) { return pts[2 * a] == pts[2 * b] && pts[2 * a + 1] == pts[2 * b + 1]; };
     std::fill(flag, flag + n, 0);
+    auto same = [pts](int a, int b) { return pts[2 * a] == pts[2 * b] && pts[2 * a + 1] == pts[2 * b + 1]; };
     for (int i = 0; i < n; ++i)
         for (int j = i + 1; j < n && !flag[i]; ++j)
             for (int k = j + 1; k < n && !flag[j]; ++k)
@@ -58,24 +55,23 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
 
     // The bounding box's circle (its squared radius is what remains written
     // if nothing better is found), then pairs, then triples.
-    double xmin = cand[0], xmax = cand[0], ymin = cand[1], ymax = cand[1], v = 0;
+    auto d2 = [](const double* p, const double* c) { return (p[0] - c[0]) * (p[0] - c[0]) + (p[1] - c[1]) * (p[1] - c[1]); };
+    double lo[2] = {cand[0], cand[1]}, hi[2] = {cand[0], cand[1]}, v = 0;
     for (int i = 1; i < m; ++i)
-        xmin = std::min(xmin, cand[2 * i]), xmax = std::max(xmax, cand[2 * i]),
-        ymin = std::min(ymin, cand[2 * i + 1]), ymax = std::max(ymax, cand[2 * i + 1]);
-    centre[0] = 0.5 * (xmin + xmax), centre[1] = 0.5 * (ymin + ymax);
-    double R = (centre[0] - xmin) * (centre[0] - xmin) + (centre[1] - ymin) * (centre[1] - ymin);
+        for (int a = 0; a < 2; ++a) lo[a] = std::min(lo[a], cand[2 * i + a]), hi[a] = std::max(hi[a], cand[2 * i + a]);
+    centre[0] = 0.5 * (lo[0] + hi[0]), centre[1] = 0.5 * (lo[1] + hi[1]);
+    double R = d2(centre, lo);
     *radius = R;
-    auto holds = [cand, m](const double* c, double r2, int i, int j, int k) {
+    auto holds = [cand, m, d2](const double* c, double r2, int i, int j, int k) {
         for (int q = 0; q < m; ++q)
-            if (q != i && q != j && q != k && (cand[2 * q] - c[0]) * (cand[2 * q] - c[0]) +
-                (cand[2 * q + 1] - c[1]) * (cand[2 * q + 1] - c[1]) > r2 * (1.0 + 1e-12)) return false;
+            if (q != i && q != j && q != k && d2(cand + 2 * q, c) > r2 * (1.0 + 1e-12)) return false;
         return true;
     };
     bool taken = false;   // v: the largest pair circle that failed
     for (int i = 0; i < m; ++i)
         for (int j = i + 1; j < m; ++j) {
             double c[2] = {(cand[2 * i] + cand[2 * j]) * 0.5, (cand[2 * j + 1] + cand[2 * i + 1]) * 0.5};
-            double r2 = (cand[2 * i + 1] - c[1]) * (cand[2 * i + 1] - c[1]) + (cand[2 * i] - c[0]) * (cand[2 * i] - c[0]);
+            const double r2 = d2(cand + 2 * i, c);   // y and x terms in either order: the sum is the same
             if (r2 > v && !holds(c, r2, i, j, -1)) v = r2;
             else if (r2 > v && r2 < R) centre[0] = c[0], centre[1] = c[1], R = r2, taken = true;
         }
@@ -90,5 +86,3 @@ inline void reference_mec(double* pts, int n, double* centre, double* radius)
 }
 
 }  // namespace mecref
-
-#endif

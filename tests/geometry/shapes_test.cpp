@@ -27,17 +27,14 @@ TEST(Shapes, WhatIsWrittenAtTiesAndDegenerateInput)
         {bulge({1, 0, 0}, {-1, 0, 0}, -1), {0, 0, 0, 0, 1, kPi, 0}},
         {bulge({1, 0, 0}, {0, 1, 0}, 0x1.a827999fcef34p-2), {0, 0x1p-54, 0x1p-54, 0, 1, 0, 0x1.921fb54442d19p+0}},
         {bulge(o, x2, -2), {0, 1, 0.75, 0, 1.25, 0x1.68f095fdf593cp+2, 0x1.e47df3d0dd4dp+1}},   // more than half a turn
-        {bulge({0, 0, 5}, {2, 0, 5}, 1), {0, 1, 0, 5, 1, kPi, 0}},
-        {bulge(o, x2, 1e-10), {1, S, S, S, S, S, S}}, {bulge(o, {2, 0, 1e-3}, 0.5), {-2, S, S, S, S, S, S}},
-        {bulge({3, 4, 1}, {3, 4, 2}, 0.5), {-2, S, S, S, S, S, S}}, {bulge({3, 4, 1}, {3, 4, 1}, 0.5), {-1, S, S, S, S, S, S}},
-        {three({1, 0, 0}, {0, -1, 3}, {-1, 0, 0}), {0, 0, -0.0, 3, 1, kPi, 0}},
+        {bulge({0, 0, 5}, {2, 0, 5}, 1), {0, 1, 0, 5, 1, kPi, 0}}, {bulge(o, x2, 1e-10), {1, S, S, S, S, S, S}},
+        {bulge(o, {2, 0, 1e-3}, 0.5), {-2, S, S, S, S, S, S}}, {bulge({3, 4, 1}, {3, 4, 2}, 0.5), {-2, S, S, S, S, S, S}},
+        {bulge({3, 4, 1}, {3, 4, 1}, 0.5), {-1, S, S, S, S, S, S}}, {three({1, 0, 0}, {0, -1, 3}, {-1, 0, 0}), {0, 0, -0.0, 3, 1, kPi, 0}},
         {three({10, 15, 0}, {15, 20, 0}, {10, 25, 0}), {0, 10, 20, 0, 5, 0x1.2d97c7f3321d2p+2, 0x1.921fb54442d18p+0}},
         {three({1, 2, 0}, {5, 2, 9}, {1, 2, 4}), {-2, 3, 2, 9, 2, S, S}},   // P1 = P3: the circle on P1 P2
-        {three({1, 2, 0}, {1, 2, 4}, {1, 2, 4}), {-1, S, S, 4, S, S, S}},
-        {three({1, 2, 0}, {3, 2, 1}, {5, 2, 0}), {-1, S, S, 1, S, S, S}},
-        {three({1, 2, 0}, {5, 2, 0}, {5, 2, 0}), {-1, S, S, 0, S, S, S}},
-        {point(norm, {0, 0, 7}, {1, 0, -7}), {1, 0, -1, 0, S, S, S}}, {point(norm, {2, 3, 0}, {5, 7, 0}), {1, 4, -3, 1, S, S, S}},
-        {point(norm, {2, 3, 0}, {2, 3, 5}), {0, 0, 0, -0.0, S, S, S}},
+        {three({1, 2, 0}, {1, 2, 4}, {1, 2, 4}), {-1, S, S, 4, S, S, S}}, {three({1, 2, 0}, {3, 2, 1}, {5, 2, 0}), {-1, S, S, 1, S, S, S}},
+        {three({1, 2, 0}, {5, 2, 0}, {5, 2, 0}), {-1, S, S, 0, S, S, S}}, {point(norm, {0, 0, 7}, {1, 0, -7}), {1, 0, -1, 0, S, S, S}},
+        {point(norm, {2, 3, 0}, {5, 7, 0}), {1, 4, -3, 1, S, S, S}}, {point(norm, {2, 3, 0}, {2, 3, 5}), {0, 0, 0, -0.0, S, S, S}},
         {point(TriangleCircumCircle, o, x2, {0, 2, 0}), {0x1.6a09e667f3bcdp+0, 1, 1, S, S, S, S}},
         {point(TriangleCircumCircle, o, {3, 4, 0}, {3, 4, 0}), {5, 1.5, 2, S, S, S, S}},   // the box's full diagonal
         {point(TriangleInscribedCircle, {0, 0, 7}, {3, 0, 7}, {0, 4, -50}), {1, 1, 1, S, S, S, S}},
@@ -45,8 +42,7 @@ TEST(Shapes, WhatIsWrittenAtTiesAndDegenerateInput)
         {point(TriangleInscribedCircle, {5, 6, 0}, {5 + 1e-10, 6, 0}, {5, 6, 0}), {0, 5, 6, S, S, S, S}},
     };
     for (const auto& row : rows)
-        for (int i = 0; i < 7; ++i)
-            EXPECT_TRUE(std::memcmp(&row.first[i], &row.second[i], 8) == 0) << &row - rows << " " << i << ": " << row.first[i];
+        for (int i = 0; i < 7; ++i) EXPECT_TRUE(std::memcmp(&row.first[i], &row.second[i], 8) == 0) << &row - rows << " " << i << ": " << row.first[i];
 }
 
 // Classes at the tolerance on either side, the side an edge point falls to,
@@ -58,11 +54,11 @@ TEST(Shapes, ClassesAndDistances)
     auto circle = [](P c, double r, P p) { return double(PointIsOnCircle(c.data(), r, p.data())); };
     auto d = [](double (*f)(double*, double*, double*), P p, P a, P b) { return f(p.data(), a.data(), b.data()); };
     const std::pair<double, double> rows[] = {
-        {on(o, o, o), 1}, {on(o, o, {1, 1, 0}), -3}, {on(o, x2, x2), 2}, {on(o, x2, {0, 0, 1}), 3},
-        {on(o, x2, {-1, 0, 0}), -1}, {on(o, x2, {3, 0, 0}), -2}, {on(o, x2, {1, 1e-5, 0}), 0}, {on(o, x2, {1, 1e-4, 0}), 3},
-        {in(o, y10, x10, {2, 2, 0}), 1}, {in(o, x10, y10, {6, 6, 0}), -1}, {in(o, x10, y10, o), 0}, {in(o, x10, y10, {1e-5, 0, 0}), 0}, {in(o, x10, y10, {5, 0, 0}), -1}, {in(o, y10, x10, {5, 0, 0}), 1},
-        {circle(o, 1, {0.6, 0.8, 0}), 0}, {circle(o, 1, {0.999, 0, 0}), -2}, {circle(o, 1, {1.001, 0, 0}), -1}, {circle(o, 1, {0, 0, 1}), 0},
-        {d(DistPoint2Line2d, {1, -3, 100}, o, {4, 0, 0}), 3}, {d(DistPoint2Line2d, {3, 4, 0}, o, {1e-5, 0, 0}), 5},
+        {on(o, o, o), 1}, {on(o, o, {1, 1, 0}), -3}, {on(o, x2, x2), 2}, {on(o, x2, {0, 0, 1}), 3}, {on(o, x2, {-1, 0, 0}), -1},
+        {on(o, x2, {3, 0, 0}), -2}, {on(o, x2, {1, 1e-5, 0}), 0}, {on(o, x2, {1, 1e-4, 0}), 3}, {in(o, y10, x10, {2, 2, 0}), 1},
+        {in(o, x10, y10, {6, 6, 0}), -1}, {in(o, x10, y10, o), 0}, {in(o, x10, y10, {1e-5, 0, 0}), 0}, {in(o, x10, y10, {5, 0, 0}), -1},
+        {in(o, y10, x10, {5, 0, 0}), 1}, {circle(o, 1, {0.6, 0.8, 0}), 0}, {circle(o, 1, {0.999, 0, 0}), -2}, {circle(o, 1, {1.001, 0, 0}), -1},
+        {circle(o, 1, {0, 0, 1}), 0}, {d(DistPoint2Line2d, {1, -3, 100}, o, {4, 0, 0}), 3}, {d(DistPoint2Line2d, {3, 4, 0}, o, {1e-5, 0, 0}), 5},
         {d(DistPoint2Line, {1, 3, 0}, o, x2), 3.0000000000000018}, {d(DistPoint2Line, {0.5, 2, 0}, o, {1e-5, 0, 0}), 2.000000000015262},
         {d(DistPoint2Line, {3, 4, 0}, o, o), 5}, {d(DistPoint2Line, {1, 0, 0}, o, x2), 0},
     };

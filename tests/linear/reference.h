@@ -1,9 +1,7 @@
 // Plain transcriptions, step for step and with no attempt at speed, of the
 // full-pivoting eliminations and of the real product's inner-product scheme.
 // The library must give the same bits; the benchmarks time them as baselines.
-#ifndef QELMATH_TESTS_LINEAR_REFERENCE_H
-#define QELMATH_TESTS_LINEAR_REFERENCE_H
-
+#pragma once
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -13,32 +11,28 @@ namespace ref {
 
 constexpr double kEps = 2.220446049250313e-16;
 
-// The first largest magnitude of the trailing square from (k, k), row by row.
-inline double full_search(const double* a, std::size_t n, std::size_t k, std::size_t& r, std::size_t& q)
+// The first largest magnitude of the trailing square from (k, k), row by row;
+// then row r exchanged with k (from column k on, and b's rows of m) and
+// column q with k. Returns the magnitude found.
+inline double pivot(double* a, double* b, std::size_t n, std::size_t m, std::size_t k, std::size_t& q)
 {
     double best = 0.0;
-    r = q = k;
+    std::size_t r = q = k;
     for (std::size_t i = k; i < n; ++i)
         for (std::size_t j = k; j < n; ++j)
             if (std::fabs(a[i * n + j]) > best) best = std::fabs(a[i * n + j]), r = i, q = j;
-    return best;
-}
-
-// Exchange row r with k (from column k on, and b's rows of m) and column q with k.
-inline void exchange(double* a, double* b, std::size_t n, std::size_t m, std::size_t k, std::size_t r, std::size_t q)
-{
+    if (best <= kEps) return best;
     for (std::size_t i = 0; i < n; ++i) std::swap(a[i * n + k], a[i * n + q]);
     for (std::size_t j = k; j < n; ++j) std::swap(a[k * n + j], a[r * n + j]);
     for (std::size_t v = 0; v < m; ++v) std::swap(b[k * m + v], b[r * m + v]);
+    return best;
 }
 
 inline int gauss(double* a, double* b, std::size_t n)
 {
     std::vector<std::size_t> rec(n, n - 1);
     for (std::size_t k = 0; k + 1 < n; ++k) {
-        std::size_t r, q;
-        if (full_search(a, n, k, r, q) <= kEps) return 0;
-        exchange(a, b, n, 1, k, r, rec[k] = q);
+        if (pivot(a, b, n, 1, k, rec[k]) <= kEps) return 0;
         const double p = a[k * n + k];
         for (std::size_t j = k + 1; j < n; ++j) a[k * n + j] = a[k * n + j] / p;
         b[k] = b[k] / p;
@@ -65,9 +59,7 @@ inline int gauss_jordan(double* a, double* b, std::size_t n, std::size_t m, bool
     auto live = [sparse](double x) { return !sparse || std::fabs(x) > kEps; };
     std::vector<std::size_t> rec(n);
     for (std::size_t k = 0; k < n; ++k) {
-        std::size_t r, q;
-        if (full_search(a, n, k, r, q) <= kEps) return 0;
-        exchange(a, b, n, m, k, r, rec[k] = q);
+        if (pivot(a, b, n, m, k, rec[k]) <= kEps) return 0;
         const double p = a[k * n + k];
         for (std::size_t j = k + 1; j < n; ++j)
             if (live(a[k * n + j])) a[k * n + j] = a[k * n + j] / p;
@@ -93,12 +85,10 @@ inline double blocked_sum(const std::vector<double>& t, double s = 0.0)
 {
     std::size_t p = 0;
     for (; p + 4 <= t.size(); p += 4) s = s + (((t[p] + t[p + 1]) + t[p + 2]) + t[p + 3]);
-    if (p < t.size()) {
-        double rest = t[p];
-        for (++p; p < t.size(); ++p) rest = rest + t[p];
-        s = s + rest;
-    }
-    return s;
+    if (p == t.size()) return s;
+    double rest = t[p];
+    for (++p; p < t.size(); ++p) rest = rest + t[p];
+    return s + rest;
 }
 
 // Winograd's inner products: row and column factors, then the paired terms
@@ -119,12 +109,9 @@ inline void winograd(const double* a, const double* b, int m, int n, int k, doub
         for (int j = 0; j < k; ++j) {
             for (int p = 0; p < h; ++p)
                 t[p] = (a[i * n + 2 * p] + b[(2 * p + 1) * k + j]) * (a[i * n + 2 * p + 1] + b[2 * p * k + j]);
-            double s = blocked_sum(t, (-f[i]) - g[j]);
-            if (n % 2 == 1) s = s + a[i * n + n - 1] * b[(n - 1) * k + j];
-            c[i * k + j] = s;
+            const double s = blocked_sum(t, (-f[i]) - g[j]);
+            c[i * k + j] = n % 2 == 1 ? s + a[i * n + n - 1] * b[(n - 1) * k + j] : s;
         }
 }
 
 }  // namespace plain
-
-#endif

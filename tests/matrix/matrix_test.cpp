@@ -34,18 +34,10 @@ bool same(const double* x, const double* y, std::size_t n) { return std::memcmp(
 
 // An output with four sentinels on either side.
 struct Guarded {
+    Vec cells;
     explicit Guarded(std::size_t count) : cells(count + 8, kSentinel) {}
     double* out() { return cells.data() + 4; }
-    bool intact() const
-    {
-        return Vec(cells.begin(), cells.begin() + 4) == Vec(4, kSentinel) && Vec(cells.end() - 4, cells.end()) == Vec(4, kSentinel);
-    }
-    Vec cells;
-};
-
-class AtEveryWidth : public ::testing::Test {
-protected:
-    void TearDown() override { qel::cap_simd_level(qel::SimdLevel::kAvx512); }
+    bool intact() const { return Vec(cells.begin(), cells.begin() + 4) == Vec(4, kSentinel) && Vec(cells.end() - 4, cells.end()) == Vec(4, kSentinel); }
 };
 
 // The complex product term by term: three multiplications, blocked sums.
@@ -57,15 +49,13 @@ void plain_complex(const Vec& ar, const Vec& ai, const Vec& br, const Vec& bi, i
             for (int l = 0; l < n; ++l) {
                 const double x = ar[i * n + l], y = ai[i * n + l], u = br[l * k + j], v = bi[l * k + j];
                 const double p1 = x * u, p2 = y * v, s = (x + y) * (u + v);
-                tr[l] = p1 - p2;
-                ti[l] = (s - p1) - p2;
+                tr[l] = p1 - p2, ti[l] = (s - p1) - p2;
             }
-            cr[i * k + j] = plain::blocked_sum(tr);
-            ci[i * k + j] = plain::blocked_sum(ti);
+            cr[i * k + j] = plain::blocked_sum(tr), ci[i * k + j] = plain::blocked_sum(ti);
         }
 }
 
-TEST_F(AtEveryWidth, ProductsKeepThePlainSchemesBits)
+TEST(AtEveryWidth, ProductsKeepThePlainSchemesBits)
 {
     // Row counts around every tile height, inner sizes odd and even around
     // the blocks of four, column counts around every panel width.
@@ -77,19 +67,17 @@ TEST_F(AtEveryWidth, ProductsKeepThePlainSchemesBits)
         for (const auto& s : sizes) {
             const int m = s[0], n = s[1], k = s[2];
             SCOPED_TRACE(::testing::Message() << m << "x" << n << "x" << k << " level " << int(level));
-            Vec a = random(rng, m * n), b = random(rng, n * k), want(m * k);
-            Guarded got(want.size());
+            Vec a = random(rng, m * n), b = random(rng, n * k), want(m * k), ai = random(rng, m * n), bi = random(rng, n * k), wr(m * k), wi(m * k);
+            Guarded got(want.size()), gr(wr.size()), gi(wi.size());
             plain::winograd(a.data(), b.data(), m, n, k, want.data());
             mt_Mul(a.data(), b.data(), m, n, k, got.out());
             EXPECT_TRUE(same(want.data(), got.out(), want.size()) && got.intact());
-            Vec ai = random(rng, m * n), bi = random(rng, n * k), wr(m * k), wi(m * k);
             plain_complex(a, ai, b, bi, m, n, k, wr, wi);
-            Guarded gr(wr.size()), gi(wi.size());
             mt_Mul(a.data(), ai.data(), b.data(), bi.data(), m, n, k, gr.out(), gi.out());
-            EXPECT_TRUE(same(wr.data(), gr.out(), wr.size()) && same(wi.data(), gi.out(), wi.size()));
-            EXPECT_TRUE(gr.intact() && gi.intact());
+            EXPECT_TRUE(same(wr.data(), gr.out(), wr.size()) && same(wi.data(), gi.out(), wi.size()) && gr.intact() && gi.intact());
         }
     }
+    qel::cap_simd_level(qel::SimdLevel::kAvx512);
 }
 
 TEST(RealProduct, FactorRequestsAndTheSameBitsWithoutThem)
@@ -101,12 +89,10 @@ TEST(RealProduct, FactorRequestsAndTheSameBitsWithoutThem)
     for (int failing = 0; failing <= 3; ++failing) {   // none, the row, the column, both
         Guarded got(m * k);
         testalloc::Scope scope;
-        if (failing == 3) testalloc::fail_from(1);
-        else testalloc::fail_at(failing);
+        failing == 3 ? testalloc::fail_from(1) : testalloc::fail_at(failing);
         mt_Mul(a.data(), b.data(), m, n, k, (failing ? got : want).out());
         testalloc::fail_from(0);
-        EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{8 * m, 8 * k}));
-        EXPECT_EQ(scope.leaked(), 0u);
+        EXPECT_TRUE(testalloc::requests() == (std::vector<std::uint32_t>{8 * m, 8 * k}) && scope.leaked() == 0);
         EXPECT_TRUE(failing == 0 || want.cells == got.cells) << "failing " << failing;
     }
 }
@@ -119,15 +105,13 @@ TEST(Products, SizeEdges)
     Guarded r(6), cr(4), ci(4);
     testalloc::Scope scope;
     mt_Mul(nullptr, nullptr, 2, 0, 3, r.out());
-    for (int t = 0; t < 6; ++t) EXPECT_TRUE(r.out()[t] == 0.0 && std::signbit(r.out()[t]));
     mt_Mul(nullptr, nullptr, nullptr, nullptr, 2, 0, 2, cr.out(), ci.out());
-    for (int t = 0; t < 4; ++t) EXPECT_TRUE(cr.out()[t] == 0.0 && !std::signbit(cr.out()[t]) && ci.out()[t] == 0.0);
-    EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{16, 24}));
-    testalloc::reset();
+    const double neg[6] = {-0.0, -0.0, -0.0, -0.0, -0.0, -0.0}, pos[4] = {};
+    EXPECT_TRUE(same(r.out(), neg, 6) && same(cr.out(), pos, 4) && same(ci.out(), pos, 4));
     const double x[4] = {1, 2, 3, 4};
     Guarded none(0);
     mt_Mul(x, x, 0, 2, 2, none.out());
-    EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{0, 16}));
+    EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{16, 24, 0, 16}));
     testalloc::reset();
     r.out()[0] = kSentinel;
     const int big[2] = {INT_MAX, INT_MIN}, two[2] = {2, 3};
@@ -138,8 +122,7 @@ TEST(Products, SizeEdges)
         mt_Mul(big, two, s[0], s[1], s[2], &w);
     }
     EXPECT_TRUE(testalloc::requests().empty());
-    EXPECT_TRUE(r.out()[0] == kSentinel && r.intact() && none.intact() && cr.intact() && w == 5);
-    EXPECT_EQ(scope.leaked(), 0u);
+    EXPECT_TRUE(r.out()[0] == kSentinel && r.intact() && none.intact() && cr.intact() && w == 5 && scope.leaked() == 0);
 
     // Integers wrap around in 32 bits; an empty inner size writes zeros.
     mt_Mul(big, two, 1, 2, 1, &w);   // 2 (2^31 - 1) - 3 * 2^31
@@ -147,21 +130,17 @@ TEST(Products, SizeEdges)
     EXPECT_TRUE(w == INT_MAX - 1 && z[0] == 0 && z[1] == 0);
     // A sum's count is the wrapped product of its sizes: 2^32 is none, (-1)(-1) one.
     double p[2] = {1, 2}, q[2] = {10, 20}, s[2] = {kSentinel, kSentinel};
-    mt_Add(p, q, 65536, 65536, s);
-    mt_Add(p, q, -1, 2, s);
-    mt_Sub(p, q, -1, -1, s);
+    mt_Add(p, q, 65536, 65536, s), mt_Add(p, q, -1, 2, s), mt_Sub(p, q, -1, -1, s);
     EXPECT_TRUE(s[0] == -9.0 && s[1] == kSentinel);
     int ip[1] = {INT_MAX}, iq[1] = {1}, is[1] = {0};
-    mt_Add(ip, iq, 1, 1, is);
-    EXPECT_EQ(is[0], INT_MIN);
+    EXPECT_EQ((mt_Add(ip, iq, 1, 1, is), is[0]), INT_MIN);
 }
 
-TEST_F(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
+TEST(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
 {
     std::mt19937_64 rng(4);
     for (int n : {2, 3, 5, 8, 9, 16, 17, 33, 70}) {
-        const std::size_t nn = std::size_t(n) * n;
-        const Vec a = random(rng, nn), ai = random(rng, nn);
+        const Vec a = random(rng, std::size_t(n) * n), ai = random(rng, std::size_t(n) * n);
         Vec first;
         for (qel::SimdLevel level : kLevels) {
             qel::cap_simd_level(level);
@@ -173,36 +152,27 @@ TEST_F(AtEveryWidth, DeterminantAndInversesAgreeAcrossWidths)
         }
         // The inverse is one: a * inv is the identity to rounding.
         double worst = 0;
-        for (int i = 0; i < n; ++i)
-            for (int j = 0; j < n; ++j) {
-                double s = 0;
-                for (int l = 0; l < n; ++l) s += a[i * n + l] * first[3 + l * n + j];
-                worst = std::fmax(worst, std::fabs(s - (i == j)));
-            }
+        for (int i = 0; i < n * n; ++i) {   // row i / n, column i % n
+            double s = 0;
+            for (int l = 0; l < n; ++l) s += a[i / n * n + l] * first[3 + l * n + i % n];
+            worst = std::fmax(worst, std::fabs(s - (i / n == i % n)));
+        }
         EXPECT_TRUE(first[1] == 1 && first[2] == 1 && worst < 1e-9) << n;
     }
+    qel::cap_simd_level(qel::SimdLevel::kAvx512);
 }
 
 TEST(Determinant, PivotRulesAndWhatIsLeft)
 {
-    struct Row {
-        Vec a;
-        double det;
-        Vec left;   // the matrix afterwards; empty: not checked
-    };
+    struct Row { Vec a; double det; Vec left; };   // left: the matrix afterwards; empty: not checked
     const double below = std::nextafter(kEps, 0.0);
     const Row rows[] = {
         {{1, 2, 3, 4}, -2.0, {4, 3, 2, -0.5}},
         // Ties go to the first element met: the -2 at (0, 1) before the 2.
-        {{1, -2, 2, 1}, 5.0, {-2, 1, 1, 2.5}},
-        {{kEps, 0, 0, kEps}, kEps * kEps, {}},
+        {{1, -2, 2, 1}, 5.0, {-2, 1, 1, 2.5}}, {{kEps, 0, 0, kEps}, kEps * kEps, {}},
         // Below the threshold: stopped after the search, nothing exchanged.
-        {{below, 0, 0, below}, 0.0, {below, 0, 0, below}},
-        {{0, 0, 0, 3}, 0.0, {3, 0, 0, 0}},
-        {{1, 2, 3, 2, 4, 6, 1, 1, 1}, 0.0, {}},
-        {{1e-300}, 1e-300, {}},
-        {{-0.0}, -0.0, {}},
-        {{}, 1.0, {}},
+        {{below, 0, 0, below}, 0.0, {below, 0, 0, below}}, {{0, 0, 0, 3}, 0.0, {3, 0, 0, 0}}, {{1, 2, 3, 2, 4, 6, 1, 1, 1}, 0.0, {}},
+        {{1e-300}, 1e-300, {}}, {{-0.0}, -0.0, {}}, {{}, 1.0, {}},
     };
     for (const Row& r : rows) {
         Vec a = r.a;
@@ -217,50 +187,37 @@ TEST(Inversion, ThresholdsRecordsAndExchanges)
 {
     const double above = std::nextafter(kEps, 1.0);
     double t[4] = {kEps, 0, 0, kEps}, u[4] = {above, 0, 0, above};
-    EXPECT_EQ(mt_Inv(t, 2), 0);
-    EXPECT_EQ(mt_Inv(u, 2), 1);
-    EXPECT_EQ(u[0], 1.0 / above);
+    EXPECT_TRUE(mt_Inv(t, 2) == 0 && mt_Inv(u, 2) == 1 && u[0] == 1.0 / above);
     double tie[4] = {1, -1, -1, 1};   // ties to (0, 0); the second step finds 0
-    EXPECT_EQ(mt_Inv(tie, 2), 0);
-    EXPECT_EQ(Vec(tie, tie + 4), (Vec{1, -1, 1, 0}));
+    EXPECT_TRUE(mt_Inv(tie, 2) == 0 && Vec(tie, tie + 4) == (Vec{1, -1, 1, 0}));
     double ex[9] = {0, 0, 2, 0, 4, 0, 8, 0, 0};   // exchanges undone
-    EXPECT_EQ(mt_Inv(ex, 3), 1);
-    EXPECT_EQ(Vec(ex, ex + 9), (Vec{0, 0, 0.125, 0, 0.25, 0, 0.5, 0, 0}));
+    EXPECT_TRUE(mt_Inv(ex, 3) == 1 && Vec(ex, ex + 9) == (Vec{0, 0, 0.125, 0, 0.25, 0, 0.5, 0, 0}));
     // Complex: the squared modulus exactly at 2^-52 passes.
     double br = std::ldexp(1.0, -26), bi = 0, sr = 1.4e-8, si = 0;
-    EXPECT_EQ(mt_Inv(&br, &bi, 1), 1);
-    EXPECT_EQ(br, std::ldexp(1.0, 26));
-    EXPECT_EQ(mt_Inv(&sr, &si, 1), 0);
+    EXPECT_TRUE(mt_Inv(&br, &bi, 1) == 1 && br == std::ldexp(1.0, 26) && mt_Inv(&sr, &si, 1) == 0);
     double zr[4] = {0, 0, 2, 0}, zi[4] = {0, 1, 0, 0};   // inverse [[0, 0.5], [-i, 0]]
-    EXPECT_EQ(mt_Inv(zr, zi, 2), 1);
-    EXPECT_TRUE(Vec(zr, zr + 4) == (Vec{0, 0.5, 0, 0}) && Vec(zi, zi + 4) == (Vec{0, 0, -1, 0}));
+    EXPECT_TRUE(mt_Inv(zr, zi, 2) == 1 && Vec(zr, zr + 4) == (Vec{0, 0.5, 0, 0}) && Vec(zi, zi + 4) == (Vec{0, 0, -1, 0}));
 
     // One record block of 2n ints, back on every path; without it, nothing
     // is inverted or touched.
     testalloc::Scope scope;
-    double a[9] = {2, 1, 0, 1, 3, 1, 0, 1, 4}, s[9] = {1, 2, 3, 2, 4, 6, 1, 1, 1};
+    double a[9] = {2, 1, 0, 1, 3, 1, 0, 1, 4}, s[9] = {1, 2, 3, 2, 4, 6, 1, 1, 1}, ar[4] = {1, 0, 0, 1}, ai[4] = {0, 0, 0, 0};
     const Vec a_in(a, a + 9);
-    double ar[4] = {1, 0, 0, 1}, ai[4] = {0, 0, 0, 0};
-    EXPECT_TRUE(mt_Inv(s, 3) == 0 && mt_Inv(ar, ai, 2) == 1 && mt_Inv(nullptr, 0) == 1);
-    EXPECT_TRUE(mt_Inv(nullptr, -2) == 1 && mt_Inv(nullptr, nullptr, -2) == 1);
+    EXPECT_TRUE(mt_Inv(s, 3) == 0 && mt_Inv(ar, ai, 2) == 1 && mt_Inv(nullptr, 0) == 1 && mt_Inv(nullptr, -2) == 1 && mt_Inv(nullptr, nullptr, -2) == 1);
     EXPECT_EQ(testalloc::requests(), (std::vector<std::uint32_t>{24, 16, 0}));
     testalloc::fail_from(1);
     EXPECT_TRUE(mt_Inv(a, 3) == 0 && mt_Inv(zr, zi, 2) == 0);
     testalloc::fail_from(0);
-    EXPECT_TRUE(Vec(a, a + 9) == a_in && zr[1] == 0.5);
-    EXPECT_EQ(scope.leaked(), 0u);
+    EXPECT_TRUE(Vec(a, a + 9) == a_in && zr[1] == 0.5 && scope.leaked() == 0);
 }
 
 TEST(ClosedForms, ThresholdsAndSingularCasesUntouched)
 {
-    double z2[4] = {1, 2, 0, 0}, z3[9] = {1, 2, 3, 0, 0, 0, 4, 5, 6};
-    double z4[16] = {1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 0, 0, 1, 0, 0, 1};
+    double z2[4] = {1, 2, 0, 0}, z3[9] = {1, 2, 3, 0, 0, 0, 4, 5, 6}, z4[16] = {1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 0, 0, 1, 0, 0, 1};
     EXPECT_TRUE(mt_Inv2(z2) == 0 && mt_Inv3(z3) == 0 && mt_Inv4(z4) == 0);
     EXPECT_TRUE(z2[1] == 2 && z3[8] == 6 && z4[15] == 1);
-    double e2[4] = {kEps, 0, 0, 1};   // |det| at the threshold is refused
-    EXPECT_EQ(mt_Inv2(e2), 0);
-    e2[0] = std::nextafter(kEps, 1.0);
-    EXPECT_EQ(mt_Inv2(e2), 1);
+    double e2[4] = {kEps, 0, 0, 1}, f2[4] = {std::nextafter(kEps, 1.0), 0, 0, 1};   // |det| at the threshold is refused
+    EXPECT_TRUE(mt_Inv2(e2) == 0 && mt_Inv2(f2) == 1);
 }
 
 }  // namespace
