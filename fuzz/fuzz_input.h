@@ -1,5 +1,6 @@
 // What the fuzz targets share: doubles drawn to reach the edges of the
-// number line, and the comparisons their checks need.
+// number line, the comparisons their checks need, and calls under the
+// counting allocator.
 #ifndef QELMATH_FUZZ_INPUT_H
 #define QELMATH_FUZZ_INPUT_H
 
@@ -7,13 +8,17 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <vector>
 
+#include "support/test_allocator.h"
+
 namespace fuzzin {
+
+inline double Bits(std::uint64_t bits) { double v; std::memcpy(&v, &bits, sizeof v); return v; }
 
 // Small integers (ties, duplicates, points on one line or circle), raw bit
 // patterns (NaN payloads, subnormals, infinities), powers of two with a
@@ -21,21 +26,12 @@ namespace fuzzin {
 // edges.
 inline double Value(FuzzedDataProvider& in)
 {
-    static const double edges[] = {0.0, -0.0, 1.0, -1.0, 0.5, 1e-300, 1e300,
-                                   std::numeric_limits<double>::denorm_min(),
-                                   std::numeric_limits<double>::min(),
-                                   std::numeric_limits<double>::max(),
-                                   std::numeric_limits<double>::infinity(),
-                                   -std::numeric_limits<double>::infinity(),
-                                   std::numeric_limits<double>::quiet_NaN(), 2.220446049250313e-16};
+    using L = std::numeric_limits<double>;
+    static const double edges[] = {0.0, -0.0, 1.0, -1.0, 0.5, 1e-300, 1e300, L::denorm_min(), L::min(), L::max(),
+                                   L::infinity(), -L::infinity(), L::quiet_NaN(), 2.220446049250313e-16};
     switch (in.ConsumeIntegralInRange(0, 3)) {
     case 0: return in.ConsumeIntegralInRange(-8, 8);
-    case 1: {
-        const std::uint64_t bits = in.ConsumeIntegral<std::uint64_t>();
-        double v;
-        std::memcpy(&v, &bits, sizeof v);
-        return v;
-    }
+    case 1: return Bits(in.ConsumeIntegral<std::uint64_t>());
     case 2: {
         const double offset = in.ConsumeIntegralInRange(-4, 4);
         return std::ldexp(in.ConsumeBool() ? 1.0 : -1.0, in.ConsumeIntegralInRange(-1074, 1023)) + offset;
@@ -55,28 +51,31 @@ inline std::vector<double> Values(FuzzedDataProvider& in, std::size_t count)
 // carries through a vector unit is not part of any result.
 inline bool Same(const double* a, const double* b, std::size_t count)
 {
-    for (std::size_t i = 0; i < count; ++i) {
-        if (std::isnan(a[i]) && std::isnan(b[i])) continue;
-        if (std::memcmp(a + i, b + i, sizeof(double)) != 0) return false;
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        if (!(std::isnan(a[i]) && std::isnan(b[i])) && std::memcmp(a + i, b + i, sizeof(double)) != 0) return false;
     return true;
 }
 
-inline bool Same(const std::vector<double>& a, const std::vector<double>& b)
-{
-    return a.size() == b.size() && Same(a.data(), b.data(), a.size());
-}
+inline bool Same(const std::vector<double>& a, const std::vector<double>& b) { return a.size() == b.size() && Same(a.data(), b.data(), a.size()); }
 
 // A finding: say what broke and stop, so that libFuzzer keeps the input.
-[[noreturn]] inline void Fail(const char* what)
-{
-    std::fprintf(stderr, "finding: %s\n", what);
-    std::abort();
-}
-
 inline void Check(bool ok, const char* what)
 {
-    if (!ok) Fail(what);
+    if (!ok) std::fprintf(stderr, "finding: %s\n", what), std::abort();
+}
+
+// Runs call with request number failAt failing (0: none) and returns the
+// number of requests it made; every block it took must be back.
+template <class Call>
+std::size_t Counted(Call call, std::size_t failAt = 0)
+{
+    const std::size_t live = testalloc::live();
+    testalloc::reset();
+    testalloc::fail_at(failAt);
+    call();
+    testalloc::fail_at(0);
+    Check(testalloc::live() == live, failAt ? "a block was not given back after a failed request" : "a block was not given back");
+    return testalloc::requests().size();
 }
 
 }  // namespace fuzzin

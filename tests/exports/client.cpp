@@ -11,97 +11,76 @@ char g_out[2048];
 int g_len = 0;
 
 // FNV-1a 32 over the bytes of each value (32-bit arithmetic only: the MSVC
-// build has no runtime helpers for 64-bit operations on x86).
+// build has no runtime helpers for 64-bit operations on x86); line() prints
+// it under a name and starts the next.
 struct Hash {
     unsigned h = 2166136261u;
     template <class T>
-    void add(const T* p, int n)
+    Hash& add(const T* p, int n)
     {
         const unsigned char* b = reinterpret_cast<const unsigned char*>(p);
         for (int i = 0; i < n * static_cast<int>(sizeof(T)); ++i) h = (h ^ b[i]) * 16777619u;
+        return *this;
+    }
+    void line(const char* name)
+    {
+        while (*name) g_out[g_len++] = *name++;
+        g_out[g_len++] = ' ';
+        for (int s = 28; s >= 0; s -= 4) g_out[g_len++] = "0123456789abcdef"[(h >> s) & 15u];
+        g_out[g_len++] = '\n';
+        h = 2166136261u;
     }
 };
-
-void line(const char* name, const Hash& h)
-{
-    while (*name) g_out[g_len++] = *name++;
-    g_out[g_len++] = ' ';
-    for (int s = 28; s >= 0; s -= 4) g_out[g_len++] = "0123456789abcdef"[(h.h >> s) & 15u];
-    g_out[g_len++] = '\n';
-}
 
 void run()
 {
     Hash h;
     double c = 0, s = 0;
     math_CosSin(1e22, &c, &s);
-    h.add(&c, 1);
-    h.add(&s, 1);
-    line("math_CosSin", h);
+    h.add(&c, 1).add(&s, 1).line("math_CosSin");
 
-    h = Hash();
     double a3[9] = {2, 1, 1, 1, 3, 2, 1, 0, 0.5}, b3[3] = {1, 2, 3};
     int r = linear_Gauss3(a3, b3);
-    h.add(&r, 1);
-    h.add(b3, 3);
-    line("linear_Gauss3", h);
+    h.add(&r, 1).add(b3, 3).line("linear_Gauss3");
 
-    h = Hash();
     double a[25], b[5];
     for (int i = 0; i < 25; ++i) a[i] = (i * 7 % 11) - 5.5 + (i % 6 == 0 ? 9 : 0);
     for (int i = 0; i < 5; ++i) b[i] = i - 2;
     r = linear_Gauss(a, b, 5);
-    h.add(&r, 1);
-    h.add(b, 5);
-    line("linear_Gauss", h);
+    h.add(&r, 1).add(b, 5).line("linear_Gauss");
 
-    h = Hash();
     double m[16];
     for (int i = 0; i < 16; ++i) m[i] = (i * 5 % 7) - 3.25;
-    double det = mt_Det4(m);
-    h.add(&det, 1);
-    line("mt_Det4", h);
+    const double det = mt_Det4(m);
+    h.add(&det, 1).line("mt_Det4");
 
-    h = Hash();
-    std::uint64_t comb = num_CombinationQword(60, 30);
-    h.add(&comb, 1);
-    line("num_CombinationQword", h);
+    const std::uint64_t comb = num_CombinationQword(60, 30);
+    h.add(&comb, 1).line("num_CombinationQword");
 
-    h = Hash();
     double roots[2] = {0, 0};
     r = solve_Equation(1, -3, 2.25, roots);
-    h.add(&r, 1);
-    h.add(roots, 2);
-    line("solve_Equation", h);
+    h.add(&r, 1).add(roots, 2).line("solve_Equation");
 
-    h = Hash();
     double t[4][4];
     TransMatrixRotate3DO(1, 2, 2, 0.75, t);
-    h.add(&t[0][0], 16);
-    line("TransMatrixRotate3DO", h);
+    h.add(&t[0][0], 16).line("TransMatrixRotate3DO");
 
-    h = Hash();
     double pts[10] = {0, 0, 4, 0, 1, 3, 2, -1, 3, 2.5}, centre[2], radius = 0;
     MinimumRadiusCircleFromPoints(pts, 5, centre, &radius);
-    h.add(centre, 2);
-    h.add(&radius, 1);
-    line("MinimumRadiusCircleFromPoints", h);
+    h.add(centre, 2).add(&radius, 1).line("MinimumRadiusCircleFromPoints");
 
-    h = Hash();
     int poly[8] = {0, 0, 40, 10, 10, 40, -20, 5};
-    int* out = nullptr;
-    int* counts = nullptr;
-    int k = ClipPolygonWithRect(-5, -5, 20, 20, poly, 4, &out, &counts);
+    int *out = nullptr, *counts = nullptr;
+    const int k = ClipPolygonWithRect(-5, -5, 20, 20, poly, 4, &out, &counts);
     h.add(&k, 1);
     if (k > 0) {
         int total = 0;
         for (int i = 0; i < k; ++i) total += counts[i];
-        h.add(counts, k);
-        h.add(out, 2 * total);
+        h.add(counts, k).add(out, 2 * total);
         mem_free(out);
         mem_free(counts);
     }
-    line("ClipPolygonWithRect", h);
+    h.line("ClipPolygonWithRect");
 }
 
 }  // namespace

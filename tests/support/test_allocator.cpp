@@ -14,9 +14,7 @@ struct State {
     std::mutex lock;
     std::vector<std::uint32_t> sizes;
     std::unordered_set<void*> blocks;
-    std::size_t frees = 0;
-    std::size_t fail_at = 0;
-    std::size_t fail_from = 0;
+    std::size_t frees = 0, fail_at = 0, fail_from = 0;
 };
 
 State& state()
@@ -25,58 +23,35 @@ State& state()
     return *s;
 }
 
+// Runs f on the state under its lock.
+template <class F>
+auto locked(F f)
+{
+    std::lock_guard<std::mutex> g(state().lock);
+    return f(state());
+}
+
 }  // namespace
 
 void reset()
 {
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    s.sizes.clear();
-    s.frees = 0;
-    s.fail_at = 0;
-    s.fail_from = 0;
+    locked([](State& s) {
+        s.sizes.clear();
+        s.frees = s.fail_at = s.fail_from = 0;
+    });
 }
 
-std::vector<std::uint32_t> requests()
-{
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    return s.sizes;
-}
-
-std::size_t live()
-{
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    return s.blocks.size();
-}
-
-std::size_t frees()
-{
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    return s.frees;
-}
-
-void fail_at(std::size_t k)
-{
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    s.fail_at = k;
-}
-
-void fail_from(std::size_t k)
-{
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    s.fail_from = k;
-}
+std::vector<std::uint32_t> requests() { return locked([](State& s) { return s.sizes; }); }
+std::size_t live() { return locked([](State& s) { return s.blocks.size(); }); }
+std::size_t frees() { return locked([](State& s) { return s.frees; }); }
+void fail_at(std::size_t k) { locked([k](State& s) { s.fail_at = k; }); }
+void fail_from(std::size_t k) { locked([k](State& s) { s.fail_from = k; }); }
 
 Scope::Scope() : live_at_start_(live()) { reset(); }
 Scope::~Scope() { reset(); }
 std::size_t Scope::leaked() const
 {
-    std::size_t now = live();
+    const std::size_t now = live();
     return now > live_at_start_ ? now - live_at_start_ : 0;
 }
 
@@ -84,27 +59,25 @@ std::size_t Scope::leaked() const
 
 extern "C" void* mem_malloc(uint32_t size)
 {
-    using namespace testalloc;
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    s.sizes.push_back(size);
-    std::size_t k = s.sizes.size();
-    if (k == s.fail_at || (s.fail_from != 0 && k >= s.fail_from)) return nullptr;
-    // Zero-byte requests still get a distinct block, as the real library's do.
-    void* p = std::malloc(size == 0 ? 1u : size);
-    if (p) s.blocks.insert(p);
-    return p;
+    return testalloc::locked([size](testalloc::State& s) -> void* {
+        s.sizes.push_back(size);
+        const std::size_t k = s.sizes.size();
+        if (k == s.fail_at || (s.fail_from != 0 && k >= s.fail_from)) return nullptr;
+        // Zero-byte requests still get a distinct block, as the real library's do.
+        void* p = std::malloc(size == 0 ? 1u : size);
+        if (p) s.blocks.insert(p);
+        return p;
+    });
 }
 
 extern "C" void mem_free(void* p)
 {
-    using namespace testalloc;
-    State& s = state();
-    std::lock_guard<std::mutex> g(s.lock);
-    ++s.frees;
-    if (!p) return;
-    // A pointer this allocator never handed out is a bug in the caller; make
-    // it loud rather than corrupting the heap.
-    if (s.blocks.erase(p) == 0) std::abort();
-    std::free(p);
+    testalloc::locked([p](testalloc::State& s) {
+        ++s.frees;
+        if (!p) return;
+        // A pointer this allocator never handed out is a bug in the caller;
+        // make it loud rather than corrupting the heap.
+        if (s.blocks.erase(p) == 0) std::abort();
+        std::free(p);
+    });
 }
