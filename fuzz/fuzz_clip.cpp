@@ -8,6 +8,7 @@
 #include <climits>
 
 #include "QELMath.h"
+#include "clip/clip_predicates.h"
 #include "clip/plain_clip.h"
 #include "fuzz_input.h"
 #ifdef QEL_FUZZ_ORACLE
@@ -54,6 +55,39 @@ Result Run(Clip clip, const int* r, std::vector<int> poly)
     return out;
 }
 
+// A rectangle corner's crossings with the polygon's outline along several
+// probe directions. The parity of the count must not depend on the direction
+// for a point off the outline; the small integer directions put edge ends
+// exactly on the probe line (the clipper's own direction, an irrational
+// angle, almost never does), which is where the half-open rule for an end on
+// the line is the whole difference between a right and a wrong parity.
+void CheckProbeParity(const int* rect, const std::vector<int>& poly)
+{
+    static const double directions[][2] = {{0.5403023058681398, 0.8414709848078965}, {1, 0}, {0, 1}, {-1, 0},
+                                           {1, 1}, {-1, 2}, {2, -1}, {-3, -1}};
+    const std::size_t n = poly.size() / 2;
+    for (int corner = 0; corner < 4 && n >= 2; ++corner) {
+        const double s[2] = {double(rect[corner & 1 ? 2 : 0]), double(rect[corner & 2 ? 3 : 1])};
+        bool onOutline = false;
+        for (std::size_t i = 0; i < n && !onOutline; ++i) {
+            const double c[2] = {double(poly[2 * i]) - s[0], double(poly[2 * i + 1]) - s[1]};
+            const double d[2] = {double(poly[2 * ((i + 1) % n)]) - s[0], double(poly[2 * ((i + 1) % n) + 1]) - s[1]};
+            onOutline = qel::CrossSign(c[0], c[1], d[0], d[1]) == 0 && c[0] * d[0] <= 0 && c[1] * d[1] <= 0;
+        }
+        if (onOutline) continue;
+        int parity[8];
+        for (int k = 0; k < 8; ++k) {
+            parity[k] = 0;
+            for (std::size_t i = 0; i < n; ++i) {
+                const double c[2] = {double(poly[2 * i]), double(poly[2 * i + 1])};
+                const double d[2] = {double(poly[2 * ((i + 1) % n)]), double(poly[2 * ((i + 1) % n) + 1])};
+                parity[k] ^= qel::RayCrossesEdge(s, directions[k], c, d);
+            }
+            Check(parity[k] == parity[0], "the probe's parity depends on its direction");
+        }
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -92,6 +126,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(why.empty(), "the exact intersection disagrees");
 #endif
 
+    CheckProbeParity(rect, poly);
     if (failAt > 0) {
         fuzzin::Counted([&] { failed = Run(ClipPolygonWithRect, rect, poly); }, failAt);
         Check(failAt > requests ? failed == fast : failed.k == -1, "a failed request changed the result");
