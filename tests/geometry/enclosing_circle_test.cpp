@@ -109,6 +109,11 @@ TEST(EnclosingCircle, PinnedCirclesAndRegressions)
         // sees them almost straight behind one another.
         {{0, 0x1p76, 0, 30, 0, 0x1p76 - 0x1p23, 218600626, -672783360, 0, 0}, {0, 0x1p75, 0x1p75}, {}},
         {{0, 0x1p55, 0, 0, 5.0000000000000036, 16, 0, 0x1p55 - 4}, {2.5000000000000018, 0x1p54 + 8, 0x1.ffffffffffffcp+53}, {}},
+        // The pair circle that would enclose all three rounds to no less
+        // than the box's, so it is never taken, and the circle through all
+        // three (two of them 1.4e-7 apart, the third 8.7e9 away) rounds to
+        // one that leaves the near two out: kept as the search computes it.
+        {{0x1.4p-23, 0, 0x1.4p-28, 0, 0x1p31, 8455716864}, {0, 0x1p33, 0x1.007fe00ff607p+31}, {}},
     };
     for (const auto& row : rows) {
         Points p = row.pts;
