@@ -69,22 +69,15 @@ void CheckProbeParity(const int* rect, const std::vector<int>& poly)
     for (int corner = 0; corner < 4 && n >= 2; ++corner) {
         const double s[2] = {double(rect[corner & 1 ? 2 : 0]), double(rect[corner & 2 ? 3 : 1])};
         bool onOutline = false;
-        for (std::size_t i = 0; i < n && !onOutline; ++i) {
-            const double c[2] = {double(poly[2 * i]) - s[0], double(poly[2 * i + 1]) - s[1]};
-            const double d[2] = {double(poly[2 * ((i + 1) % n)]) - s[0], double(poly[2 * ((i + 1) % n) + 1]) - s[1]};
-            onOutline = qel::CrossSign(c[0], c[1], d[0], d[1]) == 0 && c[0] * d[0] <= 0 && c[1] * d[1] <= 0;
+        int parity[8] = {};
+        for (std::size_t i = 0; i < n; ++i) {
+            const double c[2] = {double(poly[2 * i]), double(poly[2 * i + 1])};
+            const double d[2] = {double(poly[2 * ((i + 1) % n)]), double(poly[2 * ((i + 1) % n) + 1])};
+            const double cs[2] = {c[0] - s[0], c[1] - s[1]}, ds[2] = {d[0] - s[0], d[1] - s[1]};
+            onOutline = onOutline || (qel::CrossSign(cs[0], cs[1], ds[0], ds[1]) == 0 && cs[0] * ds[0] <= 0 && cs[1] * ds[1] <= 0);
+            for (int k = 0; k < 8; ++k) parity[k] ^= qel::RayCrossesEdge(s, directions[k], c, d);
         }
-        if (onOutline) continue;
-        int parity[8];
-        for (int k = 0; k < 8; ++k) {
-            parity[k] = 0;
-            for (std::size_t i = 0; i < n; ++i) {
-                const double c[2] = {double(poly[2 * i]), double(poly[2 * i + 1])};
-                const double d[2] = {double(poly[2 * ((i + 1) % n)]), double(poly[2 * ((i + 1) % n) + 1])};
-                parity[k] ^= qel::RayCrossesEdge(s, directions[k], c, d);
-            }
-            Check(parity[k] == parity[0], "the probe's parity depends on its direction");
-        }
+        for (int k = 1; k < 8 && !onOutline; ++k) Check(parity[k] == parity[0], "the probe's parity depends on its direction");
     }
 }
 

@@ -31,16 +31,16 @@ void dominant(Rng& r, double* a, int n)
     }
 }
 
-// The eliminations, real (Parts 1) or complex (2): n from [nmin, nmax], m
+// The eliminations, real (one plane of numbers) or complex (two): n from [nmin, nmax], m
 // from [0, mmax] unless mmax < 0, the matrices (sometimes made sparse with
 // zeros and values below any tolerance), then `rhs` values of each right
 // side (n if rhs is 0). f(a, b, n, m) makes the call.
-template <int Parts, class F>
+template <int Planes, class F>
 void elimination(Out& out, const char* label, int nmin, int nmax, int mmax, int rhs, bool sparse, F f)
 {
     run(out, label, 40, [=](Rng& r, Digest& d) {
         int n = r.irange(nmin, nmax), m = mmax < 0 ? 0 : r.irange(0, mmax), len = rhs ? rhs : n;
-        double a[Parts][81], b[Parts][32];
+        double a[Planes][81], b[Planes][32];
         for (auto& p : a) matrix(r, p, n);
         for (int i = 0; sparse && i < n * n; ++i)
             if (r.coin(2)) a[0][i] = r.coin(4) ? 1e-17 : 0.0;

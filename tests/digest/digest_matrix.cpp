@@ -105,14 +105,14 @@ void closed(Out& out, const char* label, int n, F f)
     });
 }
 
-// Inversions, real (Parts 1) or complex (2); a failed one leaves the
+// Inversions, real (one plane of numbers) or complex (two); a failed one leaves the
 // matrix without defined content, so only its result code is digested.
-template <int Parts, class F>
+template <int Planes, class F>
 void inversion(Out& out, const char* label, int nmax, F f)
 {
     run(out, label, 40, [=](Rng& r, Digest& d) {
         int n = r.irange(0, nmax);
-        double a[Parts][81];
+        double a[Planes][81];
         for (auto& p : a) square(r, p, n);
         int code = f(a, n);
         d(code);

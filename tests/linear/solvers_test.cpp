@@ -167,8 +167,8 @@ TEST(SolverEdges, OrdersThresholdsAndWhatIsWritten)
 }
 
 // The solvers that keep a column record, for order n: a regular matrix
-// (imaginary parts 0.25) or a zero one.
-struct Allocating { const char* name; std::size_t a_parts, b_size; int (*call)(int n, double* a, double* b); };
+// (every imaginary entry 0.25) or a zero one.
+struct Allocating { const char* name; std::size_t a_planes, b_size; int (*call)(int n, double* a, double* b); };
 
 const Allocating kAllocating[] = {
     {"Gauss", 1, 1, [](int n, double* a, double* b) { return linear_Gauss(a, b, n); }},
@@ -185,7 +185,7 @@ TEST(Scratch, OneBlockOfNIntsBackOnEveryPathAndFailureTouchesNothing)
             for (int mode = 0; mode < (n ? 3 : 2); ++mode) {   // regular, singular, no memory
                 Vec a(std::size_t(n) * n, mode == 1 ? 0.0 : 0.5), b(f.b_size * n, 1.0);
                 for (int i = 0; i < n && mode != 1; ++i) a[i * n + i] = 4.0 + i;
-                a.resize(f.a_parts * n * n, mode == 1 ? 0.0 : 0.25);
+                a.resize(f.a_planes * n * n, mode == 1 ? 0.0 : 0.25);
                 const Vec a_in = a, b_in = b;
                 testalloc::Scope scope;
                 testalloc::fail_at(mode == 2 ? 1 : 0);
